@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+
+#include <benchmark/benchmark.h>
+
+namespace kelmora::bench {
+
+// Heap allocations and bytes made on this thread, counted by the benchmark
+// binary's replacement of the global operator new.
+struct AllocationCounter {
+  static uint64_t allocations();
+  static uint64_t bytes();
+};
+
+// Adds "allocs/op" and "bytes/op" to a benchmark's report for the
+// allocations made between construction and report().
+class AllocationScope {
+ public:
+  explicit AllocationScope(benchmark::State& state)
+      : mState(state),
+        mAllocations(AllocationCounter::allocations()),
+        mBytes(AllocationCounter::bytes()) {}
+  void report();
+
+ private:
+  benchmark::State& mState;
+  uint64_t mAllocations;
+  uint64_t mBytes;
+};
+
+}  // namespace kelmora::bench

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <tsl/ordered_map.h>
+
+#include "platform/Object.h"
+#include "platform/Variant.h"
+
+namespace kelmora {
+
+// The scripting run time's key-to-value map: keys are texts compared
+// binary, insertion order is kept, Add of an existing key fails with 457,
+// and reading a missing key through Item adds it with an empty value. Model
+// and the rule table depend on both behaviours.
+class Dictionary : public Object {
+ public:
+  std::string TypeName() const override { return "Dictionary"; }
+
+  void Add(const std::string& key, Variant item);
+  bool Exists(const std::string& key) const;
+  int32_t Count() const { return static_cast<int32_t>(mItems.size()); }
+
+  // Read or write access; a missing key is added with an empty value.
+  Variant& Item(const std::string& key);
+  // Removing a key that is not there fails with 5.
+  void Remove(const std::string& key);
+  void RemoveAll() { mItems.clear(); }
+
+  // Keys and items by position, in insertion order; a position outside the
+  // map fails with 9.
+  const std::string& KeyAt(int32_t position) const;
+  const Variant& ItemAt(int32_t position) const;
+  std::vector<std::string> Keys() const;
+  std::vector<Variant> Items() const;
+
+ private:
+  tsl::ordered_map<std::string, Variant> mItems;
+};
+
+}  // namespace kelmora

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+namespace kelmora {
+
+// Error numbers of the run time that the library raises itself. Host objects
+// may raise any other 32-bit number through RuntimeError as well.
+enum ErrorNumber : int32_t {
+  kInvalidProcedureCall = 5,
+  kOverflow = 6,
+  kSubscriptOutOfRange = 9,
+  kTypeMismatch = 13,
+  kObjectNotSet = 91,
+  kInvalidPropertyValue = 380,
+  kInvalidPropertyArrayIndex = 381,
+  kCannotCreateObject = 429,
+  kMemberNotSupported = 438,
+  kKeyAlreadyExists = 457,
+};
+
+}  // namespace kelmora

@@ -1,0 +1,29 @@
+#include "platform/RunningObjectTable.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/RuntimeError.h"
+
+namespace kelmora {
+namespace {
+
+TEST(RunningObjectTableTest, AttachesOnlyToWhatAHostRegistered) {
+  try {
+    RunningObjectTable::GetObject("Nobody.Registered");
+    FAIL() << "attaching to an unregistered name must fail";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), kCannotCreateObject);
+  }
+  auto object = std::make_shared<Object>();
+  std::weak_ptr<Object> watch = object;
+  RunningObjectTable::Register("Host.Thing", object);
+  EXPECT_EQ(RunningObjectTable::GetObject("Host.Thing"), object);
+  object.reset();
+  EXPECT_FALSE(watch.expired());  // the table keeps it running
+  RunningObjectTable::Revoke("Host.Thing");
+  EXPECT_TRUE(watch.expired());
+  EXPECT_THROW(RunningObjectTable::GetObject("Host.Thing"), RuntimeError);
+}
+
+}  // namespace
+}  // namespace kelmora

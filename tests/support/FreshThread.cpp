@@ -1,0 +1,12 @@
+#include "support/FreshThread.h"
+
+#include <thread>
+
+namespace kelmora::testing {
+
+void onFreshThread(const std::function<void()>& body) {
+  std::thread thread(body);
+  thread.join();
+}
+
+}  // namespace kelmora::testing
