@@ -12,9 +12,7 @@ class NoopTracing : public TracingService {
  public:
   void vbwProcIn(const std::string&, const std::string&) override {}
   void vbwProcOut() override {}
-  std::string vbwReportParameter(const std::string& name, const Variant&) override {
-    return name;
-  }
+  std::string vbwReportParameter(const std::string& name, const Variant&) override { return name; }
 };
 
 class Bridge : public BridgeToVB {
@@ -45,7 +43,9 @@ void tracedProcedure(benchmark::State& state, bool withParameters) {
   RunningObjectTable::Revoke(BridgeToVB::kClassName);
 }
 
-void BM_EmptyTracedProcedure(benchmark::State& state) { tracedProcedure(state, false); }
+void BM_EmptyTracedProcedure(benchmark::State& state) {
+  tracedProcedure(state, false);
+}
 void BM_EmptyTracedProcedureWithParameters(benchmark::State& state) {
   tracedProcedure(state, true);
 }

@@ -4,6 +4,8 @@
 
 namespace kelmora {
 
-std::shared_ptr<Object> BridgeToVB::ErrorParams() { throw RuntimeError(kMemberNotSupported); }
+std::shared_ptr<Object> BridgeToVB::ErrorParams() {
+  throw RuntimeError(kMemberNotSupported);
+}
 
 }  // namespace kelmora

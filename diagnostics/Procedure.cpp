@@ -12,7 +12,8 @@ Procedure::Procedure(const Dumpable* owner, const ProcedureName& name,
 void Procedure::addVariable(const VarRef& variable) {
   // A procedure's variables are fixed by its source; more than the capacity
   // is a programming error, not a run-time condition.
-  if (mVariableCount == kMaxVariables) std::terminate();
+  if (mVariableCount == kMaxVariables)
+    std::terminate();
   mVariables[mVariableCount++] = variable;
 }
 
@@ -20,23 +21,24 @@ void Procedure::prologue() {
   // The prologue and the epilogue report line 0: they belong to no
   // statement of the body.
   auto traceIn = [&] {
-        if (!vbwProtector::vbwTraceProc()) return;
-        if (vbwProtector::vbwTraceParameters()) {
-          vbwProtector::vbwProcIn(
-              mName.qualified(),
-              vbwProtector::parameterText(std::span(mVariables.data(), mParameterCount)));
-        } else {
-          static const std::string noText;
-          vbwProtector::vbwProcIn(mName.qualified(), noText);
-        }
-      };
+    if (!vbwProtector::vbwTraceProc())
+      return;
+    if (vbwProtector::vbwTraceParameters()) {
+      vbwProtector::vbwProcIn(mName.qualified(), vbwProtector::parameterText(std::span(
+                                                     mVariables.data(), mParameterCount)));
+    } else {
+      static const std::string noText;
+      vbwProtector::vbwProcIn(mName.qualified(), noText);
+    }
+  };
   stepAt(0, traceIn);
 }
 
 void Procedure::epilogue() {
   try {
     auto traceOut = [] {
-      if (vbwProtector::vbwTraceProc()) vbwProtector::vbwProcOut();
+      if (vbwProtector::vbwTraceProc())
+        vbwProtector::vbwProcOut();
     };
     stepAt(0, traceOut);
   } catch (const Leave&) {
@@ -45,7 +47,8 @@ void Procedure::epilogue() {
 }
 
 bool Procedure::shouldRetry(const RuntimeError& error, int32_t line) {
-  if (mGoOnPastFailures) return false;
+  if (mGoOnPastFailures)
+    return false;
   const vbwProtector::FailureSite site{mName.module(), mName.procedure(), line,
                                        std::span(mVariables.data(), mVariableCount), mOwner};
   switch (vbwProtector::handleFailure(error, site)) {

@@ -81,7 +81,8 @@ class Procedure {
       left = true;
     }
     epilogue();
-    if (left) return Result{};
+    if (left)
+      return Result{};
     return result;
   }
 
@@ -96,7 +97,8 @@ class Procedure {
         statement();
         return;
       } catch (const RuntimeError& error) {
-        if (!shouldRetry(error, line)) return;
+        if (!shouldRetry(error, line))
+          return;
       }
     }
   }

@@ -14,29 +14,40 @@ namespace kelmora {
 
 // Report values: how a parameter, local or field of a given C++ type shows
 // up in the tracing service's reports.
-inline Variant reportValue(const Variant& value) { return value; }
-inline Variant reportValue(bool value) { return Variant(value); }
-inline Variant reportValue(int16_t value) { return Variant(value); }
-inline Variant reportValue(int32_t value) { return Variant(value); }
-inline Variant reportValue(float value) { return Variant(value); }
-inline Variant reportValue(const std::string& value) { return Variant(value); }
-inline Variant reportValue(const char* value) { return Variant(value); }
+inline Variant reportValue(const Variant& value) {
+  return value;
+}
+inline Variant reportValue(bool value) {
+  return Variant(value);
+}
+inline Variant reportValue(int16_t value) {
+  return Variant(value);
+}
+inline Variant reportValue(int32_t value) {
+  return Variant(value);
+}
+inline Variant reportValue(float value) {
+  return Variant(value);
+}
+inline Variant reportValue(const std::string& value) {
+  return Variant(value);
+}
+inline Variant reportValue(const char* value) {
+  return Variant(value);
+}
 
 template <typename T>
-  requires std::is_base_of_v<Object, T>
-Variant reportValue(const std::shared_ptr<T>& object) {
+requires std::is_base_of_v<Object, T> Variant reportValue(const std::shared_ptr<T>& object) {
   return Variant(std::static_pointer_cast<Object>(object));
 }
 
 template <typename T>
-  requires std::is_base_of_v<Object, T>
-Variant reportValue(const std::weak_ptr<T>& object) {
+requires std::is_base_of_v<Object, T> Variant reportValue(const std::weak_ptr<T>& object) {
   return reportValue(object.lock());
 }
 
 template <typename T>
-  requires std::is_base_of_v<Object, T>
-Variant reportValue(const T* object) {
+requires std::is_base_of_v<Object, T> Variant reportValue(const T* object) {
   return object ? Variant(object->TypeName()) : Variant(std::shared_ptr<Object>());
 }
 
@@ -47,7 +58,8 @@ Variant reportRange(const Range& range) {
   std::string text = "(";
   bool first = true;
   for (const auto& element : range) {
-    if (!first) text += ", ";
+    if (!first)
+      text += ", ";
     first = false;
     Variant value = reportValue(element);
     text += value.isObject() ? value.typeName() : value.toString();

@@ -53,9 +53,11 @@ TracingService& vbwProtector::tracingObject() {
     // Attach to the host's running bridge; none is ever created here.
     auto bridge = std::dynamic_pointer_cast<BridgeToVB>(
         RunningObjectTable::GetObject(BridgeToVB::kClassName));
-    if (!bridge) throw RuntimeError(kMemberNotSupported);
+    if (!bridge)
+      throw RuntimeError(kMemberNotSupported);
     auto service = std::dynamic_pointer_cast<TracingService>(bridge->ErrorParams());
-    if (!service) throw RuntimeError(kMemberNotSupported);
+    if (!service)
+      throw RuntimeError(kMemberNotSupported);
     cached = std::move(service);
   }
   return *cached;
@@ -65,7 +67,9 @@ void vbwProtector::vbwProcIn(const std::string& qualifiedName, const std::string
   tracingObject().vbwProcIn(qualifiedName, parameterText);
 }
 
-void vbwProtector::vbwProcOut() { tracingObject().vbwProcOut(); }
+void vbwProtector::vbwProcOut() {
+  tracingObject().vbwProcOut();
+}
 
 std::string vbwProtector::vbwReportParameter(const std::string& name, const Variant& value) {
   // A parameter the service cannot report is left out of the text.
@@ -99,9 +103,13 @@ void vbwProtector::vbwBeforeDump(const std::string& module, const std::string& p
                                 lastDllError);
 }
 
-void vbwProtector::vbwOpenDumpFile() { tracingObject().vbwOpenDumpFile(); }
+void vbwProtector::vbwOpenDumpFile() {
+  tracingObject().vbwOpenDumpFile();
+}
 
-void vbwProtector::vbwCloseDumpFile() { tracingObject().vbwCloseDumpFile(); }
+void vbwProtector::vbwCloseDumpFile() {
+  tracingObject().vbwCloseDumpFile();
+}
 
 int32_t vbwProtector::vbwAfterDump() {
   // No answer, or one that is not a number, means "leave".
@@ -114,7 +122,8 @@ int32_t vbwProtector::vbwAfterDump() {
 
 void vbwProtector::vbwExitThread(bool flag) {
   auto& cached = state().tracingObject;
-  if (!cached) return;
+  if (!cached)
+    return;
   // The thread's tracing ends whether or not the service takes the call.
   try {
     cached->vbwExitThread(flag);
@@ -124,11 +133,13 @@ void vbwProtector::vbwExitThread(bool flag) {
 }
 
 std::string vbwProtector::parameterText(std::span<const VarRef> parameters) {
-  if (parameters.empty()) return "()";
+  if (parameters.empty())
+    return "()";
   std::string text = "(";
   bool first = true;
   for (const auto& parameter : parameters) {
-    if (!first) text += ", ";
+    if (!first)
+      text += ", ";
     first = false;
     text += vbwReportParameter(parameter.name, parameter.value());
   }

@@ -21,7 +21,8 @@ void Startup::Main() {
 
 void Startup::ensureForThisThread() {
   thread_local bool done = false;
-  if (done) return;
+  if (done)
+    return;
   done = true;
   Main();
 }

@@ -5,24 +5,32 @@
 namespace kelmora {
 
 void Dictionary::Add(const std::string& key, Variant item) {
-  if (!mItems.try_emplace(key, std::move(item)).second) throw RuntimeError(kKeyAlreadyExists);
+  if (!mItems.try_emplace(key, std::move(item)).second)
+    throw RuntimeError(kKeyAlreadyExists);
 }
 
-bool Dictionary::Exists(const std::string& key) const { return mItems.find(key) != mItems.end(); }
+bool Dictionary::Exists(const std::string& key) const {
+  return mItems.find(key) != mItems.end();
+}
 
-Variant& Dictionary::Item(const std::string& key) { return mItems[key]; }
+Variant& Dictionary::Item(const std::string& key) {
+  return mItems[key];
+}
 
 void Dictionary::Remove(const std::string& key) {
-  if (mItems.erase(key) == 0) throw RuntimeError(kInvalidProcedureCall);
+  if (mItems.erase(key) == 0)
+    throw RuntimeError(kInvalidProcedureCall);
 }
 
 const std::string& Dictionary::KeyAt(int32_t position) const {
-  if (position < 0 || position >= Count()) throw RuntimeError(kSubscriptOutOfRange);
+  if (position < 0 || position >= Count())
+    throw RuntimeError(kSubscriptOutOfRange);
   return mItems.nth(static_cast<size_t>(position))->first;
 }
 
 const Variant& Dictionary::ItemAt(int32_t position) const {
-  if (position < 0 || position >= Count()) throw RuntimeError(kSubscriptOutOfRange);
+  if (position < 0 || position >= Count())
+    throw RuntimeError(kSubscriptOutOfRange);
   return mItems.nth(static_cast<size_t>(position))->second;
 }
 

@@ -5,6 +5,8 @@
 
 namespace kelmora {
 
-Variant Object::DefaultValue() const { throw RuntimeError(kMemberNotSupported); }
+Variant Object::DefaultValue() const {
+  throw RuntimeError(kMemberNotSupported);
+}
 
 }  // namespace kelmora

@@ -23,7 +23,8 @@ void OpenForms::Remove(const Object* form) {
 std::vector<std::pair<std::string, std::shared_ptr<Object>>> OpenForms::List() {
   std::vector<std::pair<std::string, std::shared_ptr<Object>>> forms;
   for (const auto& entry : entries()) {
-    if (auto alive = entry.form.lock()) forms.emplace_back(entry.name, std::move(alive));
+    if (auto alive = entry.form.lock())
+      forms.emplace_back(entry.name, std::move(alive));
   }
   return forms;
 }

@@ -15,7 +15,8 @@ std::map<std::string, std::shared_ptr<Object>>& RunningObjectTable::table() {
 }
 
 void RunningObjectTable::Register(const std::string& className, std::shared_ptr<Object> object) {
-  if (!object) throw RuntimeError(kObjectNotSet);
+  if (!object)
+    throw RuntimeError(kObjectNotSet);
   std::lock_guard lock(mutex());
   table()[className] = std::move(object);
 }
@@ -25,7 +26,8 @@ void RunningObjectTable::Revoke(const std::string& className) {
   {
     std::lock_guard lock(mutex());
     auto found = table().find(className);
-    if (found == table().end()) return;
+    if (found == table().end())
+      return;
     released = std::move(found->second);
     table().erase(found);
   }

@@ -22,10 +22,13 @@ std::string SettingsStore::GetSetting(const std::string& appName, const std::str
                                       const std::string& key, const std::string& defaultValue) {
   const auto file = settingsFile(appName);
   std::error_code error;
-  if (!std::filesystem::is_regular_file(file, error)) return defaultValue;
+  if (!std::filesystem::is_regular_file(file, error))
+    return defaultValue;
   INIReader reader(file.string());
-  if (reader.ParseError() < 0) return defaultValue;
-  if (!reader.HasValue(section, key)) return defaultValue;
+  if (reader.ParseError() < 0)
+    return defaultValue;
+  if (!reader.HasValue(section, key))
+    return defaultValue;
   return reader.Get(section, key, defaultValue);
 }
 

@@ -15,12 +15,16 @@ namespace {
 bool equalsIgnoringCase(const std::string& text, const char* word) {
   size_t i = 0;
   for (; word[i] != '\0'; ++i) {
-    if (i >= text.size()) return false;
+    if (i >= text.size())
+      return false;
     char c = text[i];
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    if (c >= 'A' && c <= 'Z')
+      c = static_cast<char>(c - 'A' + 'a');
     char w = word[i];
-    if (w >= 'A' && w <= 'Z') w = static_cast<char>(w - 'A' + 'a');
-    if (c != w) return false;
+    if (w >= 'A' && w <= 'Z')
+      w = static_cast<char>(w - 'A' + 'a');
+    if (c != w)
+      return false;
   }
   return i == text.size();
 }
@@ -29,17 +33,21 @@ bool equalsIgnoringCase(const std::string& text, const char* word) {
 bool parseNumber(const std::string& text, double& out) {
   const char* begin = text.c_str();
   while (*begin == ' ' || *begin == '\t') ++begin;
-  if (*begin == '\0') return false;
+  if (*begin == '\0')
+    return false;
   char* end = nullptr;
   errno = 0;
   out = std::strtod(begin, &end);
-  if (end == begin || errno == ERANGE || !std::isfinite(out)) return false;
+  if (end == begin || errno == ERANGE || !std::isfinite(out))
+    return false;
   while (*end == ' ' || *end == '\t') ++end;
   return *end == '\0';
 }
 
 // The run time rounds to the nearest even number on conversion to integers.
-double roundHalfEven(double value) { return std::nearbyint(value); }
+double roundHalfEven(double value) {
+  return std::nearbyint(value);
+}
 
 template <typename Int>
 Int narrow(double value) {
@@ -72,14 +80,16 @@ double Variant::toNumber() const {
       return std::get<float>(mValue);
     case Kind::String: {
       double number = 0;
-      if (!parseNumber(std::get<std::string>(mValue), number)) throw RuntimeError(kTypeMismatch);
+      if (!parseNumber(std::get<std::string>(mValue), number))
+        throw RuntimeError(kTypeMismatch);
       return number;
     }
     case Kind::Object:
       break;
   }
   const auto& object = std::get<std::shared_ptr<Object>>(mValue);
-  if (!object) throw RuntimeError(kObjectNotSet);
+  if (!object)
+    throw RuntimeError(kObjectNotSet);
   return object->DefaultValue().toNumber();
 }
 
@@ -104,17 +114,20 @@ std::string Variant::toString() const {
       break;
   }
   const auto& object = std::get<std::shared_ptr<Object>>(mValue);
-  if (!object) throw RuntimeError(kObjectNotSet);
+  if (!object)
+    throw RuntimeError(kObjectNotSet);
   return object->DefaultValue().toString();
 }
 
 int16_t Variant::toInteger() const {
-  if (kind() == Kind::Integer) return std::get<int16_t>(mValue);
+  if (kind() == Kind::Integer)
+    return std::get<int16_t>(mValue);
   return narrow<int16_t>(toNumber());
 }
 
 int32_t Variant::toLong() const {
-  if (kind() == Kind::Long) return std::get<int32_t>(mValue);
+  if (kind() == Kind::Long)
+    return std::get<int32_t>(mValue);
   return narrow<int32_t>(toNumber());
 }
 
@@ -132,8 +145,10 @@ bool Variant::toBoolean() const {
       return std::get<bool>(mValue);
     case Kind::String: {
       const auto& text = std::get<std::string>(mValue);
-      if (equalsIgnoringCase(text, "true")) return true;
-      if (equalsIgnoringCase(text, "false")) return false;
+      if (equalsIgnoringCase(text, "true"))
+        return true;
+      if (equalsIgnoringCase(text, "false"))
+        return false;
       return toNumber() != 0;
     }
     default:
@@ -143,7 +158,8 @@ bool Variant::toBoolean() const {
 
 const std::shared_ptr<Object>& Variant::toObject() const {
   const auto* object = std::get_if<std::shared_ptr<Object>>(&mValue);
-  if (object == nullptr) throw RuntimeError(kTypeMismatch);
+  if (object == nullptr)
+    throw RuntimeError(kTypeMismatch);
   return *object;
 }
 

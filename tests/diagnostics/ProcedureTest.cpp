@@ -36,7 +36,8 @@ class Sample : public Dumpable {
       proc.step([&] {
         failureLine = __LINE__;
         ran.push_back(2);
-        if (attempts++ < times) throw RuntimeError(number);
+        if (attempts++ < times)
+          throw RuntimeError(number);
       });
       proc.step([&] {
         ran.push_back(3);
@@ -80,8 +81,12 @@ TEST(ProcedureTest, AnswersDecideWhatRunsAfterAFailure) {
   };
   const std::vector<Row> rows = {
       {"ignore runs the next statement", {Variant(5)}, 1, {1, 2, 3}, 42, 1},
-      {"retry runs the statement again", {Variant(4), Variant(4), Variant(5)}, 2,
-       {1, 2, 2, 2, 3}, 42, 2},
+      {"retry runs the statement again",
+       {Variant(4), Variant(4), Variant(5)},
+       2,
+       {1, 2, 2, 2, 3},
+       42,
+       2},
       {"retry keeps asking", {Variant(4), Variant(4), Variant(4)}, 3, {1, 2, 2, 2, 2, 3}, 42, 3},
       {"none leaves with the default result", {Variant(0)}, 1, {1, 2}, 0, 1},
       {"an unknown answer leaves", {Variant(7)}, 1, {1, 2}, 0, 1},
@@ -250,10 +255,9 @@ TEST(ProcedureTest, ParameterTextIsBuiltOnlyUnderParameterTracing) {
     sample.NoParameters();
     sample.Work(kSubscriptOutOfRange, 0);
     EXPECT_EQ(bridge.service().callsStartingWith("in "),
-              (std::vector<std::string>{"in Kelmora.Sample.NoParameters ",
-                                        "in Kelmora.Sample.Work ",
-                                        "in Kelmora.Sample.NoParameters ()",
-                                        "in Kelmora.Sample.Work (number=9) "}));
+              (std::vector<std::string>{
+                  "in Kelmora.Sample.NoParameters ", "in Kelmora.Sample.Work ",
+                  "in Kelmora.Sample.NoParameters ()", "in Kelmora.Sample.Work (number=9) "}));
   });
 }
 

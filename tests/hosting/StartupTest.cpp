@@ -28,15 +28,16 @@ TEST(StartupTest, ProcedureTracingIsAlwaysOnAndTheSwitchesAddParameters) {
       {nullptr, "/tracer", true},  // a plain text search, as the run time does
       {nullptr, "/TRACE", false},  // binary comparison
   };
-  const auto root = std::filesystem::temp_directory_path() /
-                    ("kelmora-startup-" + std::to_string(::getpid()));
+  const auto root =
+      std::filesystem::temp_directory_path() / ("kelmora-startup-" + std::to_string(::getpid()));
   ::setenv("XDG_CONFIG_HOME", root.c_str(), 1);
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.setting ? row.setting : "(none)") + " | " + row.commandLine);
     std::filesystem::remove_all(root);
     if (row.setting != nullptr) {
       std::filesystem::create_directories(root / "Kelmora");
-      std::ofstream(root / "Kelmora" / "settings.ini") << "[Init]\nvbwTrace=" << row.setting << "\n";
+      std::ofstream(root / "Kelmora" / "settings.ini")
+          << "[Init]\nvbwTrace=" << row.setting << "\n";
     }
     CommandLine::Override(row.commandLine);
     testing::onFreshThread([&] {

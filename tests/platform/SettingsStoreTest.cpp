@@ -18,7 +18,8 @@ class SettingsStoreTest : public ::testing::Test {
     std::filesystem::remove_all(mRoot);
     std::filesystem::create_directories(mRoot);
     const char* old = std::getenv("XDG_CONFIG_HOME");
-    if (old != nullptr) mOld = old;
+    if (old != nullptr)
+      mOld = old;
     ::setenv("XDG_CONFIG_HOME", mRoot.c_str(), 1);
   }
   void TearDown() override {

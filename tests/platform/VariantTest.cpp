@@ -62,9 +62,14 @@ TEST(VariantTest, ToBoolean) {
     int32_t error;
   };
   const Row rows[] = {
-      {Variant("True"), true, 0},   {Variant("false"), false, 0}, {Variant("TRUE"), true, 0},
-      {Variant("0"), false, 0},     {Variant("-1"), true, 0},     {Variant(int16_t{0}), false, 0},
-      {Variant(int32_t{2}), true, 0}, {Variant(), false, 0},
+      {Variant("True"), true, 0},
+      {Variant("false"), false, 0},
+      {Variant("TRUE"), true, 0},
+      {Variant("0"), false, 0},
+      {Variant("-1"), true, 0},
+      {Variant(int16_t{0}), false, 0},
+      {Variant(int32_t{2}), true, 0},
+      {Variant(), false, 0},
       {Variant("yes"), std::nullopt, kTypeMismatch},
       {Variant(""), std::nullopt, kTypeMismatch},
   };

@@ -7,7 +7,8 @@ namespace kelmora::testing {
 
 void RecordingTracingService::maybeFail(const char* member) {
   auto found = failing.find(member);
-  if (found != failing.end()) throw RuntimeError(found->second);
+  if (found != failing.end())
+    throw RuntimeError(found->second);
 }
 
 void RecordingTracingService::vbwProcIn(const std::string& qualifiedName,
@@ -67,7 +68,8 @@ void RecordingTracingService::vbwCloseDumpFile() {
 Variant RecordingTracingService::vbwAfterDump() {
   maybeFail("vbwAfterDump");
   calls.push_back("after");
-  if (answers.empty()) return defaultAnswer;
+  if (answers.empty())
+    return defaultAnswer;
   Variant answer = answers.front();
   answers.pop_front();
   return answer;
@@ -82,7 +84,8 @@ std::vector<std::string> RecordingTracingService::callsStartingWith(
     const std::string& prefix) const {
   std::vector<std::string> matching;
   for (const auto& call : calls) {
-    if (call.starts_with(prefix)) matching.push_back(call);
+    if (call.starts_with(prefix))
+      matching.push_back(call);
   }
   return matching;
 }
@@ -95,6 +98,8 @@ ScopedBridge::ScopedBridge() : mService(std::make_shared<RecordingTracingService
   RunningObjectTable::Register(BridgeToVB::kClassName, std::make_shared<RecordingBridge>(mService));
 }
 
-ScopedBridge::~ScopedBridge() { RunningObjectTable::Revoke(BridgeToVB::kClassName); }
+ScopedBridge::~ScopedBridge() {
+  RunningObjectTable::Revoke(BridgeToVB::kClassName);
+}
 
 }  // namespace kelmora::testing
