@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "support/FreshThread.h"
 #include "support/RecordingTracingService.h"
 
 namespace kelmora {
 namespace {
 
+using testing::errorOf;
 using testing::onFreshThread;
 using testing::ScopedBridge;
 
@@ -206,12 +208,7 @@ TEST(ProcedureTest, AFailingServiceInsideTheFailurePathReachesTheCaller) {
     bridge.service().failing["vbwOpenDumpFile"] = kMemberNotSupported;
     vbwProtector::vbwTraceProc() = true;
     Sample sample;
-    try {
-      sample.Outer(kSubscriptOutOfRange);
-      FAIL() << "the host should have seen the failure";
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.Number(), kMemberNotSupported);
-    }
+    EXPECT_EQ(errorOf([&] { sample.Outer(kSubscriptOutOfRange); }), kMemberNotSupported);
     EXPECT_EQ(bridge.service().countOf("before"), 2);  // Work's, then Outer's
     EXPECT_EQ(sample.ran, (std::vector<int>{1, 2}));
   });
@@ -221,12 +218,7 @@ TEST(ProcedureTest, WithoutABridgeTheOutermostCallFailsAndNoLogicRuns) {
   onFreshThread([] {
     vbwProtector::vbwTraceProc() = true;
     Sample sample;
-    try {
-      sample.Outer(kSubscriptOutOfRange);
-      FAIL() << "the host should have seen the failure";
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.Number(), kCannotCreateObject);
-    }
+    EXPECT_EQ(errorOf([&] { sample.Outer(kSubscriptOutOfRange); }), kCannotCreateObject);
     EXPECT_TRUE(sample.ran.empty());
   });
 }

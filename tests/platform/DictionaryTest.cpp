@@ -2,19 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 namespace kelmora {
 namespace {
 
-int32_t errorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
+using testing::errorOf;
 
 TEST(DictionaryTest, KeepsInsertionOrderAndRefusesADuplicateKey) {
   Dictionary map;

@@ -3,17 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 namespace kelmora {
 namespace {
 
 TEST(RunningObjectTableTest, AttachesOnlyToWhatAHostRegistered) {
-  try {
-    RunningObjectTable::GetObject("Nobody.Registered");
-    FAIL() << "attaching to an unregistered name must fail";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Number(), kCannotCreateObject);
-  }
+  EXPECT_EQ(testing::errorOf([] { RunningObjectTable::GetObject("Nobody.Registered"); }),
+            kCannotCreateObject);
   auto object = std::make_shared<Object>();
   std::weak_ptr<Object> watch = object;
   RunningObjectTable::Register("Host.Thing", object);
