@@ -49,6 +49,10 @@ class Procedure {
   // From here on a failing statement is skipped without a report.
   void goOnPastFailures() { mGoOnPastFailures = true; }
 
+  // Leaves the procedure normally, keeping the result assigned so far; the
+  // epilogue still runs. Call it from inside a statement.
+  [[noreturn]] void exitProcedure() { throw Exit{}; }
+
   // Runs one statement; its source line is the line the failure path
   // reports.
   template <typename Statement>
@@ -64,6 +68,7 @@ class Procedure {
       prologue();
       body();
     } catch (const Leave&) {
+    } catch (const Exit&) {
     }
     epilogue();
   }
@@ -79,6 +84,7 @@ class Procedure {
       body(result);
     } catch (const Leave&) {
       left = true;
+    } catch (const Exit&) {
     }
     epilogue();
     if (left)
@@ -88,7 +94,9 @@ class Procedure {
 
  private:
   // Thrown to end the body at once, also from inside loops; caught by run.
+  // Leave drops the result, Exit keeps it.
   struct Leave {};
+  struct Exit {};
 
   template <typename Statement>
   void stepAt(int32_t line, Statement& statement) {

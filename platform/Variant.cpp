@@ -29,8 +29,9 @@ bool equalsIgnoringCase(const std::string& text, const char* word) {
   return i == text.size();
 }
 
-// Parses the whole text (blanks around it allowed) as a number.
-bool parseNumber(const std::string& text, double& out) {
+}  // namespace
+
+bool Variant::parseNumber(const std::string& text, double& out) {
   const char* begin = text.c_str();
   while (*begin == ' ' || *begin == '\t') ++begin;
   if (*begin == '\0')
@@ -43,6 +44,8 @@ bool parseNumber(const std::string& text, double& out) {
   while (*end == ' ' || *end == '\t') ++end;
   return *end == '\0';
 }
+
+namespace {
 
 // The run time rounds to the nearest even number on conversion to integers.
 double roundHalfEven(double value) {

@@ -51,6 +51,9 @@ class Variant {
 
   friend bool operator==(const Variant&, const Variant&) = default;
 
+  // Reads a whole text, blanks around it allowed, as a number.
+  static bool parseNumber(const std::string& text, double& number);
+
  private:
   double toNumber() const;
 
