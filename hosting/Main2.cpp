@@ -1,0 +1,63 @@
+#include "hosting/Main2.h"
+
+#include "diagnostics/Procedure.h"
+#include "diagnostics/VarRef.h"
+#include "diagnostics/vbwProtector.h"
+#include "hosting/Startup.h"
+#include "platform/RuntimeError.h"
+
+namespace kelmora {
+
+namespace {
+
+// The slot of a type. The comparison is unsigned on the sign-extended
+// value, so a negative type fails as well instead of wrapping round to a
+// valid slot. Every access to the slots goes through here.
+std::shared_ptr<Model>& slotOf(std::array<std::shared_ptr<Model>, 5>& models, int16_t whichType) {
+  const auto index = static_cast<uint32_t>(static_cast<int32_t>(whichType));
+  if (index >= models.size())
+    throw RuntimeError(kSubscriptOutOfRange);
+  return models[index];
+}
+
+}  // namespace
+
+Main2::Main2() {
+  Startup::ensureForThisThread();
+}
+
+Main2::~Main2() {
+  for (size_t i = 0; i < mModels.size(); ++i) mModels[i].reset();
+}
+
+void Main2::ChangeFormatType(int16_t whichType) {
+  Procedure proc{this, procedureName<"Main2.ChangeFormatType">(), {arg("whichType", whichType)}};
+  proc.run([&] {
+    proc.step([&] {
+      const std::shared_ptr<kelmora::Model> model = Model(whichType);
+      if (model == nullptr)
+        throw RuntimeError(kObjectNotSet);
+      model->initializedToFormat = false;
+    });
+  });
+}
+
+std::shared_ptr<Model> Main2::Model(int16_t whichType) {
+  Procedure proc{this, procedureName<"Main2.model[Get]">(), {arg("whichType", whichType)}};
+  return proc.run<std::shared_ptr<kelmora::Model>>([&](std::shared_ptr<kelmora::Model>& result) {
+    proc.step([&] {
+      std::shared_ptr<kelmora::Model>& slot = slotOf(mModels, whichType);
+      if (slot == nullptr) {
+        slot = std::make_shared<kelmora::Model>();
+        slot->initialize(whichType);
+      }
+    });
+    proc.step([&] { result = slotOf(mModels, whichType); });
+  });
+}
+
+void Main2::vbwDump() const {
+  vbwProtector::dumpModule({arg("mModels", mModels)});
+}
+
+}  // namespace kelmora
