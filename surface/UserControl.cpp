@@ -167,6 +167,11 @@ void UserControl::mouseMoveAt(float x, float y, const MouseArgs& args) {
   }
 }
 
+void UserControl::standAlone(const std::string& name) {
+  mName = name;
+  registerOpenForm();
+}
+
 void UserControl::registerOpenForm() {
   if (mRegistered)
     return;

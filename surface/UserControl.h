@@ -32,10 +32,12 @@ class UserControl : public Widget, public WidgetEvents {
   template <typename T = UserControl, typename... Args>
   static std::shared_ptr<T> create(const std::string& name, Args&&... args) {
     auto control = std::make_shared<T>(std::forward<Args>(args)...);
-    control->mName = name;
-    control->registerOpenForm();
+    control->standAlone(name);
     return control;
   }
+  // Names a control that stands on a host's form rather than on a user
+  // control, and lists it among the open forms.
+  void standAlone(const std::string& name);
 
   std::string ClassName() const override { return "UserControl"; }
   bool takesFocus() const override { return true; }
