@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Object.h"
+
+namespace kelmora {
+
+// Reading the Tag of a widget. A tag is empty, a field key, or a key, a
+// comma and a role; "vIgnore_" in front keeps a widget out of the registry.
+// The key is the text before the first comma, the role the text after it; a
+// tag without a comma is its own key and its own role.
+class CommonFormProcessingFunctions {
+ public:
+  // The key part (tagType false) or the role part (tagType true) of the
+  // widget's tag; the empty string for nothing. An object without a tag
+  // fails inside and takes the failure path.
+  static std::string GetTag(const std::shared_ptr<Object>& ctrl, bool tagType);
+  // Returns obj. It reads the tag but compares it with nothing: verifyTag
+  // only documents at the call which key the caller expects.
+  static std::shared_ptr<Object> getWidgetWithTag(const std::shared_ptr<Object>& obj,
+                                                  const std::string& verifyTag);
+
+  template <typename T>
+  static std::shared_ptr<T> getWidgetWithTag(const std::shared_ptr<T>& obj,
+                                             const std::string& verifyTag) {
+    getWidgetWithTag(std::static_pointer_cast<Object>(obj), verifyTag);
+    return obj;
+  }
+};
+
+}  // namespace kelmora

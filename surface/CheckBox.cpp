@@ -1,0 +1,18 @@
+#include "surface/CheckBox.h"
+
+#include "platform/RuntimeError.h"
+
+namespace kelmora {
+
+void CheckBox::Caption(std::string value) {
+  assign(mCaption, std::move(value), WidgetProperty::Caption);
+}
+
+void CheckBox::Value(int16_t value) {
+  if (value < kUnchecked || value > kGrayed)
+    throw RuntimeError(kInvalidPropertyValue);
+  if (assign(mValue, value, WidgetProperty::Value))
+    raiseClick();
+}
+
+}  // namespace kelmora

@@ -1,0 +1,116 @@
+#include "surface/ControlCollection.h"
+
+#include <algorithm>
+
+#include "platform/OpenForms.h"
+#include "platform/RuntimeError.h"
+#include "surface/ControlRegistry.h"
+#include "surface/Focus.h"
+#include "surface/UserControl.h"
+
+namespace kelmora {
+
+const std::shared_ptr<Widget>& ControlCollection::Item(int32_t index) const {
+  if (index < 0 || index >= Count())
+    throw RuntimeError(kSubscriptOutOfRange);
+  return mWidgets[static_cast<size_t>(index)];
+}
+
+const std::shared_ptr<Widget>& ControlCollection::Item(std::string_view name) const {
+  for (const auto& widget : mWidgets) {
+    if (widget->Name() == name)
+      return widget;
+  }
+  throw RuntimeError(kInvalidProcedureCall);
+}
+
+const std::shared_ptr<Widget>& ControlCollection::Item(std::string_view name, int16_t index) const {
+  for (const auto& widget : mWidgets) {
+    if (widget->Name() == name && widget->mIndex == index)
+      return widget;
+  }
+  throw RuntimeError(kInvalidProcedureCall);
+}
+
+std::shared_ptr<Widget> ControlCollection::find(std::string_view name, int16_t index) const {
+  for (const auto& widget : mWidgets) {
+    if (widget->Name() == name && (index == Widget::kNoIndex || widget->mIndex == index)) {
+      return widget;
+    }
+  }
+  return nullptr;
+}
+
+void ControlCollection::adopt(const std::shared_ptr<Widget>& widget, const std::string& name,
+                              int16_t index, Widget* container) {
+  // A name is either one widget or one control array, never both.
+  for (const auto& other : mWidgets) {
+    if (other->Name() != name)
+      continue;
+    if (index == Widget::kNoIndex || other->mIndex == Widget::kNoIndex || other->mIndex == index) {
+      throw RuntimeError(kKeyAlreadyExists);
+    }
+  }
+  widget->mName = name;
+  widget->mIndex = index;
+  widget->mParent = mOwner;
+  widget->mContainer = container;
+  mWidgets.push_back(widget);
+  mOwner->notify(WidgetProperty::Controls);
+}
+
+std::shared_ptr<Widget> ControlCollection::Add(const std::string& identifier,
+                                               const std::string& name) {
+  if (find(name))
+    throw RuntimeError(kKeyAlreadyExists);
+  auto control = ControlRegistry::Create(identifier);
+  control->Visible(false);
+  adopt(control, name, Widget::kNoIndex, mOwner);
+  control->registerOpenForm();
+  return control;
+}
+
+void ControlCollection::Remove(const std::string& name) {
+  // The named widgets and, container by container, everything inside them.
+  std::vector<std::shared_ptr<Widget>> leaving;
+  for (const auto& widget : mWidgets) {
+    if (widget->Name() == name)
+      leaving.push_back(widget);
+  }
+  if (leaving.empty())
+    throw RuntimeError(kInvalidProcedureCall);
+  for (size_t i = 0; i < leaving.size(); ++i) {
+    for (const auto& widget : mWidgets) {
+      if (widget->Container() == leaving[i].get() &&
+          std::find(leaving.begin(), leaving.end(), widget) == leaving.end()) {
+        leaving.push_back(widget);
+      }
+    }
+  }
+  for (const auto& widget : leaving) Focus::forget(*widget);
+  // Terminate runs while the control still stands on the form.
+  for (const auto& widget : leaving) {
+    if (auto control = std::dynamic_pointer_cast<UserControl>(widget))
+      control->terminate();
+  }
+  std::erase_if(mWidgets, [&](const std::shared_ptr<Widget>& widget) {
+    return std::find(leaving.begin(), leaving.end(), widget) != leaving.end();
+  });
+  for (const auto& widget : leaving) {
+    widget->mParent = nullptr;
+    widget->mContainer = nullptr;
+    OpenForms::Remove(widget.get());
+  }
+  mOwner->notify(WidgetProperty::Controls);
+}
+
+void ControlCollection::detachAll() {
+  auto widgets = std::move(mWidgets);
+  mWidgets.clear();
+  for (const auto& widget : widgets) {
+    widget->mParent = nullptr;
+    widget->mContainer = nullptr;
+  }
+}
+
+}  // namespace kelmora

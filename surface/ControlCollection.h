@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Object.h"
+#include "surface/Widget.h"
+
+namespace kelmora {
+
+class UserControl;
+
+// A user control's widgets, in creation order, which for a built form is
+// the order of its form table. It lists every widget of the control,
+// including those inside Frames. Indexed access counts from 0.
+//
+// Failures follow the run time's collections: an index outside the
+// collection fails with 9, a name that is not there with 5, a name already
+// taken with 457.
+class ControlCollection : public Object {
+ public:
+  explicit ControlCollection(UserControl& owner) : mOwner(&owner) {}
+
+  std::string TypeName() const override { return "Controls"; }
+
+  int32_t Count() const { return static_cast<int32_t>(mWidgets.size()); }
+  const std::shared_ptr<Widget>& Item(int32_t index) const;
+  // The single widget of that name, or the first member of that array.
+  const std::shared_ptr<Widget>& Item(std::string_view name) const;
+  const std::shared_ptr<Widget>& Item(std::string_view name, int16_t index) const;
+  // Like Item, but nothing instead of a failure.
+  std::shared_ptr<Widget> find(std::string_view name, int16_t index = Widget::kNoIndex) const;
+
+  // Creates the control registered under `identifier` and places it, hidden,
+  // on the owner's surface under `name`. Unknown identifiers fail with 429.
+  std::shared_ptr<Widget> Add(const std::string& identifier, const std::string& name);
+  // Takes every widget of that name off the form, together with what stands
+  // inside it. A user control taken off raises its Terminate first.
+  void Remove(const std::string& name);
+
+  auto begin() const { return mWidgets.begin(); }
+  auto end() const { return mWidgets.end(); }
+
+ private:
+  friend class UserControl;
+
+  // Places a new widget; a name and index already taken fail with 457.
+  void adopt(const std::shared_ptr<Widget>& widget, const std::string& name, int16_t index,
+             Widget* container);
+  // Lets go of every widget, clearing their back references.
+  void detachAll();
+
+  UserControl* mOwner;
+  std::vector<std::shared_ptr<Widget>> mWidgets;
+};
+
+}  // namespace kelmora

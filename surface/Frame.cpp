@@ -1,0 +1,17 @@
+#include "surface/Frame.h"
+
+#include "platform/RuntimeError.h"
+
+namespace kelmora {
+
+void Frame::Caption(std::string value) {
+  assign(mCaption, std::move(value), WidgetProperty::Caption);
+}
+
+void Frame::BorderStyle(int16_t value) {
+  if (value != kNoBorder && value != kFixedSingle)
+    throw RuntimeError(kInvalidPropertyValue);
+  assign(mBorderStyle, value, WidgetProperty::Style);
+}
+
+}  // namespace kelmora

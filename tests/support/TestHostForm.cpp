@@ -1,0 +1,83 @@
+#include "support/TestHostForm.h"
+
+#include "platform/RuntimeError.h"
+#include "surface/ControlRegistry.h"
+
+namespace kelmora::testing {
+
+// Shared by the form and its controls object, so that neither outlives the
+// list it works on.
+struct TestHostForm::Placed {
+  std::vector<std::shared_ptr<UserControl>> controls;
+};
+
+namespace {
+
+class Wrapper : public ControlWrapper {
+ public:
+  explicit Wrapper(std::shared_ptr<UserControl> control) : mControl(std::move(control)) {}
+  std::shared_ptr<::kelmora::Object> Object() override { return mControl; }
+
+ private:
+  std::shared_ptr<UserControl> mControl;
+};
+
+class Controls : public HostControls {
+ public:
+  explicit Controls(std::shared_ptr<TestHostForm::Placed> placed) : mPlaced(std::move(placed)) {}
+
+  std::shared_ptr<ControlWrapper> Add(const std::string& identifier,
+                                      const std::string& name) override {
+    for (const auto& control : mPlaced->controls) {
+      if (control->Name() == name)
+        throw RuntimeError(kKeyAlreadyExists);
+    }
+    auto control = ControlRegistry::Create(identifier);
+    control->Visible(false);
+    control->standAlone(name);
+    mPlaced->controls.push_back(control);
+    return std::make_shared<Wrapper>(control);
+  }
+
+ private:
+  std::shared_ptr<TestHostForm::Placed> mPlaced;
+};
+
+}  // namespace
+
+TestHostForm::TestHostForm() : mPlaced(std::make_shared<Placed>()) {}
+
+TestHostForm::~TestHostForm() {
+  unload();
+}
+
+std::shared_ptr<HostControls> TestHostForm::controls() {
+  return std::make_shared<Controls>(mPlaced);
+}
+
+const std::vector<std::shared_ptr<UserControl>>& TestHostForm::placed() const {
+  return mPlaced->controls;
+}
+
+void TestHostForm::remove(const std::string& name) {
+  auto& controls = mPlaced->controls;
+  for (auto it = controls.begin(); it != controls.end(); ++it) {
+    if ((*it)->Name() != name)
+      continue;
+    auto control = *it;
+    controls.erase(it);
+    control->terminate();
+    return;
+  }
+  throw RuntimeError(kInvalidProcedureCall);
+}
+
+void TestHostForm::unload() {
+  while (!mPlaced->controls.empty()) {
+    auto control = mPlaced->controls.back();
+    mPlaced->controls.pop_back();
+    control->terminate();
+  }
+}
+
+}  // namespace kelmora::testing
