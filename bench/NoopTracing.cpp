@@ -1,0 +1,26 @@
+#include "NoopTracing.h"
+
+#include "diagnostics/vbwProtector.h"
+#include "platform/RunningObjectTable.h"
+
+namespace kelmora::bench {
+
+namespace {
+class Bridge : public BridgeToVB {
+ public:
+  std::shared_ptr<Object> ErrorParams() override { return std::make_shared<NoopTracing>(); }
+};
+}  // namespace
+
+ScopedNoopTracing::ScopedNoopTracing(bool traceParameters) {
+  RunningObjectTable::Register(BridgeToVB::kClassName, std::make_shared<Bridge>());
+  vbwProtector::vbwTraceProc() = true;
+  vbwProtector::vbwTraceParameters() = traceParameters;
+}
+
+ScopedNoopTracing::~ScopedNoopTracing() {
+  vbwProtector::vbwExitThread(false);
+  RunningObjectTable::Revoke(BridgeToVB::kClassName);
+}
+
+}  // namespace kelmora::bench

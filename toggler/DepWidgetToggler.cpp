@@ -1,0 +1,591 @@
+#include "toggler/DepWidgetToggler.h"
+
+#include <array>
+
+#include "diagnostics/Procedure.h"
+#include "platform/RuntimeError.h"
+#include "platform/Strings.h"
+#include "surface/CheckBox.h"
+#include "surface/Frame.h"
+#include "surface/Label.h"
+#include "surface/OptionButton.h"
+
+namespace kelmora {
+
+namespace {
+
+constexpr char kFieldSeparator = '\b';
+constexpr const char* kInstructionSeparator = "_~_";
+constexpr const char* kKeepExisting = "KEEP_EXISTING";
+
+// The run time's search: an empty value is found in any non-empty text, and
+// nothing is found in an empty text.
+bool foundIn(const std::string& residue, const std::string& value) {
+  return !residue.empty() && residue.find(value) != std::string::npos;
+}
+
+// Converts an index text the way the run time does when it indexes the
+// widget table with it; 0 when it converts.
+int32_t indexErrorOf(const std::string& text, int16_t& index) {
+  try {
+    index = Variant(text).toInteger();
+    return 0;
+  } catch (const RuntimeError& error) {
+    return error.Number();
+  }
+}
+
+// A call on a widget variable that was never set fails with 91.
+Widget& objectOf(Widget* widget) {
+  if (widget == nullptr)
+    throw RuntimeError(kObjectNotSet);
+  return *widget;
+}
+
+Label& asLabel(Widget* widget) {
+  auto* label = dynamic_cast<Label*>(&objectOf(widget));
+  if (label == nullptr)
+    throw RuntimeError(kTypeMismatch);
+  return *label;
+}
+
+// A late-bound write of `caption`: widgets without one fail with 438.
+void setCaptionOf(Widget* target, const std::string& caption) {
+  Widget& widget = objectOf(target);
+  if (auto* label = dynamic_cast<Label*>(&widget))
+    return label->Caption(caption);
+  if (auto* option = dynamic_cast<OptionButton*>(&widget))
+    return option->Caption(caption);
+  if (auto* check = dynamic_cast<CheckBox*>(&widget))
+    return check->Caption(caption);
+  if (auto* frame = dynamic_cast<Frame*>(&widget))
+    return frame->Caption(caption);
+  throw RuntimeError(kMemberNotSupported);
+}
+
+}  // namespace
+
+// The command map of one trigger: widget items in order of insertion, each
+// at most once. Kept on the stack, since rules drive a handful of widgets
+// and this runs on every keystroke.
+class DepWidgetToggler::CommandList {
+ public:
+  void Add(const Item* item, int32_t enableCommand) {
+    for (size_t i = 0; i < size(); ++i) {
+      if (at(i).item->text == item->text)
+        throw RuntimeError(kKeyAlreadyExists);
+    }
+    if (mCount < mInline.size()) {
+      mInline[mCount++] = Command{item, enableCommand};
+    } else {
+      mOverflow.push_back(Command{item, enableCommand});
+    }
+  }
+  size_t size() const { return mCount + mOverflow.size(); }
+  std::shared_ptr<const InstructionList> keepAlive;
+  const Command& at(size_t i) const { return i < mCount ? mInline[i] : mOverflow[i - mCount]; }
+
+ private:
+  std::array<Command, 24> mInline{};
+  size_t mCount = 0;
+  std::vector<Command> mOverflow;
+};
+
+DepWidgetToggler::~DepWidgetToggler() {
+  if (mToggleData)
+    mToggleData->clear();
+  mToggleData.reset();
+}
+
+// ---------------------------------------------------------------------------
+// Registration
+
+void DepWidgetToggler::Reset() {
+  Procedure proc{this, procedureName<"DepWidgetToggler.Reset">()};
+  proc.run([&] { proc.step([&] { mToggleData = std::make_unique<ToggleData>(); }); });
+}
+
+void DepWidgetToggler::Add(Dictionary& keyToOverallIndex, const std::string& enableKey,
+                           const std::string& dependentWidgets, AddOptions options) {
+  Procedure proc{this,
+                 procedureName<"DepWidgetToggler.Add">(),
+                 {arg("enableKey", enableKey), arg("dependentWidgets", dependentWidgets),
+                  arg("toggleByHiding", options.toggleByHiding)}};
+  proc.run([&] {
+    std::string op;
+    std::vector<std::string> words;
+    std::vector<std::string> phrases;
+    std::string widgets;
+    std::shared_ptr<const Instruction> instructions;
+    int16_t key = 0;
+    proc.local("operator", op);
+    proc.local("words", words);
+    proc.local("phrases", phrases);
+    proc.local("key", key);
+
+    proc.step([&] {
+      op = "&&";
+      words = Strings::Split(enableKey, op);
+      if (words.size() == 1) {
+        op = "||";
+        words = Strings::Split(enableKey, op);
+      }
+    });
+    proc.step([&] { phrases.assign(words.size(), std::string()); });
+    for (size_t i = 0; i < words.size(); ++i) {
+      // Also turns words(i) into the widget's overall index.
+      proc.step([&] { phrases[i] = convertToLookupKey(words[i], keyToOverallIndex); });
+    }
+    proc.step([&] { widgets = convertDependentWidgets(dependentWidgets, keyToOverallIndex); });
+    proc.step([&] {
+      instructions = parseInstruction(Strings::Join(phrases, op), widgets, options.toggleByHiding);
+    });
+    for (size_t i = 0; i < words.size(); ++i) {
+      proc.step([&] {
+        key = Variant(words[i]).toInteger();
+        if (!mToggleData)
+          throw RuntimeError(kObjectNotSet);
+        auto& list = (*mToggleData)[key];
+        auto grown =
+            list ? std::make_shared<InstructionList>(*list) : std::make_shared<InstructionList>();
+        grown->push_back(instructions);
+        list = std::move(grown);
+      });
+    }
+  });
+}
+
+void DepWidgetToggler::addBooleanToggler(Dictionary& keyToOverallIndex, bool enable,
+                                         const std::string& key, std::string& dependentWidgets) {
+  Procedure proc{
+      this,
+      procedureName<"DepWidgetToggler.addBooleanToggler">(),
+      {arg("enable", enable), arg("key", key), arg("dependentWidgets", dependentWidgets)}};
+  proc.run([&] {
+    proc.step([&] {
+      if (dependentWidgets.empty())
+        dependentWidgets = key;
+    });
+    proc.step([&] {
+      Add(keyToOverallIndex, key + (enable ? "=__ALWAYS_ENABLE__" : "=__ALWAYS_DISABLE__"),
+          dependentWidgets, {.toggleByHiding = false});
+    });
+  });
+}
+
+std::string DepWidgetToggler::convertDependentWidgets(const std::string& dependentWidgets,
+                                                      Dictionary& keyToOverallIndex) {
+  Procedure proc{this,
+                 procedureName<"DepWidgetToggler.convertDependentWidgets">(),
+                 {arg("dependentWidgets", dependentWidgets)}};
+  return proc.run<std::string>([&](std::string& result) {
+    std::vector<std::string> words;
+    proc.local("words", words);
+    proc.step([&] { words = Strings::Split(dependentWidgets, ","); });
+    for (auto& word : words) {
+      if (word.empty())
+        continue;
+      proc.step([&] {
+        auto words2 = Strings::Split(word, "(");
+        // An unknown key reads as empty, and the map keeps it from now on.
+        word = keyToOverallIndex.Item(words2[0]).toString();
+        if (words2.size() > 1)
+          word += "(" + words2[1];
+      });
+    }
+    proc.step([&] { result = Strings::Join(words, ","); });
+  });
+}
+
+std::string DepWidgetToggler::convertToLookupKey(std::string& str, Dictionary& keyToOverallIndex) {
+  Procedure proc{this, procedureName<"DepWidgetToggler.convertToLookupKey">(), {arg("str", str)}};
+  return proc.run<std::string>([&](std::string& result) {
+    std::string comparator;
+    std::vector<std::string> words;
+    std::string residue;
+    proc.local("comparator", comparator);
+    proc.local("words", words);
+    proc.local("residue", residue);
+    proc.step([&] {
+      comparator = "=";
+      words = Strings::Split(str, comparator);
+      if (words.size() == 1) {
+        comparator = "<>";
+        words = Strings::Split(str, comparator);
+      }
+    });
+    proc.step([&] {
+      if (words.size() < 2)
+        throw RuntimeError(kSubscriptOutOfRange);
+      residue = words[1];
+    });
+    proc.step([&] { str = keyToOverallIndex.Item(words.empty() ? "" : words[0]).toString(); });
+    proc.step([&] { result = str + comparator + residue; });
+  });
+}
+
+DepWidgetToggler::Condition DepWidgetToggler::parseCondition(const std::string& text) {
+  Condition condition;
+  condition.text = text;
+  auto words = Strings::Split(text, "=", 2);
+  if (words.size() < 2) {
+    condition.equals = false;
+    words = Strings::Split(text, "<>", 2);
+  }
+  if (words.size() < 2) {
+    condition.shapeError = kSubscriptOutOfRange;
+    return condition;
+  }
+  condition.indexError = indexErrorOf(words[0], condition.index);
+  condition.residue = words[1];
+  return condition;
+}
+
+DepWidgetToggler::Item DepWidgetToggler::parseItem(const std::string& text) {
+  Item item;
+  item.text = text;
+  if (text.empty())
+    return item;
+  if (Strings::IsNumeric(text)) {
+    item.indexError = indexErrorOf(text, item.index);
+    return item;
+  }
+  item.isCaption = true;
+  auto words = Strings::Split(text, "(");
+  item.indexError = indexErrorOf(words.empty() ? std::string() : words[0], item.index);
+  if (words.size() < 2) {
+    item.captionError = kSubscriptOutOfRange;
+    return item;
+  }
+  auto texts = Strings::Split(words[1], "|");
+  if (texts.size() < 2) {
+    item.captionError = kSubscriptOutOfRange;
+    return item;
+  }
+  if (texts[1].empty()) {
+    // Taking the closing bracket off nothing is an invalid call.
+    item.captionError = kInvalidProcedureCall;
+    return item;
+  }
+  item.whenEnabled = texts[0];
+  item.whenDisabled = texts[1].substr(0, texts[1].size() - 1);
+  return item;
+}
+
+std::shared_ptr<const DepWidgetToggler::Instruction> DepWidgetToggler::parseInstruction(
+    std::string conditionsText, std::string widgetsText, bool toggleByHiding) {
+  auto instruction = std::make_shared<Instruction>();
+  // Evaluation reads the joined conditions with "||" first, whatever
+  // operator joined them; parse them the same way.
+  auto conditions = Strings::Split(conditionsText, "||");
+  instruction->alternatives = conditions.size() > 1;
+  if (!instruction->alternatives)
+    conditions = Strings::Split(conditionsText, "&&");
+  for (const auto& condition : conditions)
+    instruction->conditions.push_back(parseCondition(condition));
+  for (const auto& item : Strings::Split(widgetsText, ","))
+    instruction->items.push_back(parseItem(item));
+  instruction->conditionsText = std::move(conditionsText);
+  instruction->widgetsText = std::move(widgetsText);
+  instruction->toggleByHiding = toggleByHiding;
+  return instruction;
+}
+
+std::vector<int16_t> DepWidgetToggler::triggers() const {
+  std::vector<int16_t> keys;
+  if (mToggleData) {
+    for (const auto& [key, instructions] : *mToggleData) keys.push_back(key);
+  }
+  return keys;
+}
+
+std::string DepWidgetToggler::instructionsText(int16_t trigger) const {
+  std::string text;
+  if (!mToggleData)
+    return text;
+  auto found = mToggleData->find(trigger);
+  if (found == mToggleData->end())
+    return text;
+  for (const auto& instruction : *found->second) {
+    if (!text.empty())
+      text += kInstructionSeparator;
+    text += instruction->conditionsText + kFieldSeparator + instruction->widgetsText +
+            kFieldSeparator + (instruction->toggleByHiding ? "True" : "False");
+  }
+  return text;
+}
+
+// ---------------------------------------------------------------------------
+// Evaluation
+
+void DepWidgetToggler::ToggleFormatDependentWidgets(const Controls& controls) {
+  Procedure proc{this, procedureName<"DepWidgetToggler.ToggleFormatDependentWidgets">()};
+  proc.run([&] {
+    if (!mToggleData)
+      return;
+    // A trigger's own rules may not register new ones, but copy the keys
+    // so that the pass never walks a table that changes under it.
+    std::vector<int16_t> keys;
+    proc.step([&] { keys = triggers(); });
+    for (int16_t key : keys) proc.step([&] { Execute(controls, key); });
+  });
+}
+
+Widget& DepWidgetToggler::widgetAt(const Controls& controls, int16_t index, int32_t indexError) {
+  if (indexError != 0)
+    throw RuntimeError(indexError);
+  if (index < 0 || static_cast<size_t>(index) >= controls.size()) {
+    throw RuntimeError(kSubscriptOutOfRange);
+  }
+  const auto& widget = controls[static_cast<size_t>(index)];
+  if (!widget)
+    throw RuntimeError(kObjectNotSet);
+  return *widget;
+}
+
+void DepWidgetToggler::Execute(const Controls& controls, int16_t Index) {
+  Procedure proc{this, procedureName<"DepWidgetToggler.Execute">(), {arg("Index", Index)}};
+  proc.run([&] {
+    CommandList setA;
+    proc.step([&] {
+      // A hidden widget triggers nothing; option buttons always do.
+      Widget& trigger = widgetAt(controls, Index, 0);
+      if (trigger.Name() != "OptionButton" && !trigger.Visible())
+        proc.exitProcedure();
+    });
+    proc.step([&] { EnableCommands(Index, controls, setA); });
+    for (size_t i = 0; i < setA.size(); ++i) {
+      proc.step([&] {
+        const Command& command = setA.at(i);
+        if (!command.item->text.empty())
+          toggleEnable(controls, *command.item, command.enableCommand);
+      });
+    }
+  });
+}
+
+void DepWidgetToggler::EnableCommands(int16_t key, const Controls& controls, CommandList& result) {
+  Procedure proc{this, procedureName<"DepWidgetToggler.EnableCommands">(), {arg("key", key)}};
+  proc.run([&] {
+    const InstructionList* instructions = nullptr;
+    bool enable = false;
+    proc.local("enable", enable);
+    proc.step([&] {
+      if (!mToggleData)
+        throw RuntimeError(kObjectNotSet);
+      auto found = mToggleData->find(key);
+      if (found == mToggleData->end())
+        proc.exitProcedure();
+      result.keepAlive = found->second;
+      instructions = found->second.get();
+    });
+    if (instructions == nullptr)
+      return;
+    // `enable` carries over from one instruction to the next within this
+    // trigger: an "||" rule with no true condition keeps an earlier enable.
+    for (const auto& instruction : *instructions) {
+      bool apply = false;
+      proc.step([&] { apply = shouldEnableWidgets(*instruction, controls, enable); });
+      if (!apply || instruction->widgetsText.empty())
+        continue;
+      const int32_t enableCommand =
+          enable ? kEnable : (instruction->toggleByHiding ? kHide : kDisable);
+      for (const auto& item : instruction->items) {
+        proc.step([&] { result.Add(&item, enableCommand); });
+      }
+    }
+  });
+}
+
+bool DepWidgetToggler::shouldEnableWidgets(const Instruction& instruction, const Controls& controls,
+                                           bool& enable) {
+  Procedure proc{this,
+                 procedureName<"DepWidgetToggler.shouldEnableWidgets">(),
+                 {arg("command", instruction.conditionsText), arg("enable", enable)}};
+  return proc.run<bool>([&](bool& result) {
+    if (instruction.conditionsText.empty())
+      return;
+    if (instruction.alternatives) {
+      result = false;
+      for (const auto& condition : instruction.conditions) {
+        proc.step([&] {
+          bool tempEnable = false;
+          const bool applies = shouldEnableWidgetsImpl(condition, controls, tempEnable);
+          result = result || applies;
+          enable = enable || tempEnable;
+        });
+      }
+      return;
+    }
+    enable = true;
+    result = true;
+    for (const auto& condition : instruction.conditions) {
+      proc.step([&] {
+        bool tempEnable = false;
+        const bool applies = shouldEnableWidgetsImpl(condition, controls, tempEnable);
+        result = result && applies;
+        enable = enable && tempEnable;
+      });
+    }
+  });
+}
+
+bool DepWidgetToggler::shouldEnableWidgetsImpl(const Condition& condition, const Controls& controls,
+                                               bool& enable) {
+  Procedure proc{this,
+                 procedureName<"DepWidgetToggler.shouldEnableWidgetsImpl">(),
+                 {arg("command", condition.text), arg("enable", enable)}};
+  return proc.run<bool>([&](bool& result) {
+    std::string residue;
+    std::string value;
+    proc.local("residue", residue);
+    proc.local("value", value);
+    proc.step([&] {
+      result = true;
+      enable = false;
+      if (condition.shapeError != 0)
+        throw RuntimeError(condition.shapeError);
+      residue = condition.residue;
+    });
+    const auto valueOfWidget = [&] {
+      value = widgetAt(controls, condition.index, condition.indexError).DefaultValue().toString();
+    };
+    if (condition.equals) {
+      proc.step([&] {
+        if (residue == "__ALWAYS_ENABLE__") {
+          enable = true;
+          proc.exitProcedure();
+        }
+        if (residue == "__ALWAYS_DISABLE__")
+          proc.exitProcedure();
+      });
+      bool trueOnly = false;
+      proc.step([&] {
+        trueOnly = residue.ends_with("Only");
+        if (trueOnly)
+          residue.resize(residue.size() - 4);
+      });
+      proc.step(valueOfWidget);
+      proc.step([&] {
+        if ((residue == "True" && (value == "1" || value == "True")) || foundIn(residue, value)) {
+          enable = true;
+          result = true;
+        } else {
+          result = !trueOnly;
+        }
+      });
+      return;
+    }
+    proc.step([&] {
+      if (residue == "TrueOnly") {
+        residue = "True";
+        valueOfWidget();
+        result = value == "True";
+        proc.exitProcedure();
+      }
+    });
+    proc.step(valueOfWidget);
+    proc.step([&] {
+      if (residue.empty() && value.empty())
+        proc.exitProcedure();
+      if (!foundIn(residue, value))
+        enable = true;
+    });
+  });
+}
+
+// ---------------------------------------------------------------------------
+// Application
+
+void DepWidgetToggler::toggleEnable(const Controls& controls, const Item& setIter,
+                                    int32_t enableCommand) {
+  Procedure proc{this,
+                 procedureName<"DepWidgetToggler.toggleEnable">(),
+                 {arg("setIter", setIter.text), arg("enableCommand", enableCommand)}};
+  proc.run([&] {
+    if (!setIter.isCaption) {
+      proc.step([&] {
+        Widget& widget = widgetAt(controls, setIter.index, setIter.indexError);
+        const bool isTextBox = widget.ClassName() == "TextBox";
+        switch (enableCommand) {
+          case kDisable:
+            // A disabled text box keeps its visibility; anything else is
+            // shown greyed.
+            widget.Enabled(false);
+            if (isTextBox) {
+              widget.BackColor(kColorInactiveBorder);
+            } else {
+              widget.Visible(true);
+            }
+            break;
+          case kEnable:
+            if (isTextBox)
+              widget.BackColor(kColorWindowBackground);
+            widget.Visible(true);
+            widget.Enabled(true);
+            break;
+          case kHide:
+            widget.Visible(false);
+            break;
+          default:
+            break;
+        }
+      });
+      return;
+    }
+    Widget* ctrl = nullptr;
+    std::string caption;
+    proc.local("caption", caption);
+    proc.step([&] { ctrl = &widgetAt(controls, setIter.index, setIter.indexError); });
+    proc.step([&] {
+      if (setIter.captionError != 0)
+        throw RuntimeError(setIter.captionError);
+    });
+    if (setIter.whenEnabled != kKeepExisting) {
+      proc.step(
+          [&] { caption = enableCommand == kEnable ? setIter.whenEnabled : setIter.whenDisabled; });
+    } else {
+      proc.step([&] {
+        // Remembering works on labels only.
+        Label& label = asLabel(ctrl);
+        // The text the rule shows is never itself remembered, so the
+        // command can run any number of times.
+        if (label.Caption() != setIter.whenDisabled)
+          setTag(label, label.Caption());
+      });
+      proc.step(
+          [&] { caption = enableCommand != kEnable ? setIter.whenDisabled : tag(asLabel(ctrl)); });
+    }
+    proc.step([&] { setCaptionOf(ctrl, caption); });
+  });
+}
+
+std::string DepWidgetToggler::tag(const Label& ctrl) {
+  Procedure proc{this, procedureName<"DepWidgetToggler.tag[Get]">()};
+  return proc.run<std::string>([&](std::string& result) {
+    proc.step([&] {
+      const std::string current = ctrl.Tag();
+      const auto comma = current.find(',');
+      result = comma == std::string::npos ? ctrl.Caption() : current.substr(comma + 1);
+    });
+  });
+}
+
+void DepWidgetToggler::setTag(Label& ctrl, const std::string& caption) {
+  Procedure proc{this, procedureName<"DepWidgetToggler.tag[Let]">(), {arg("caption", caption)}};
+  proc.run([&] {
+    proc.step([&] {
+      const std::string current = ctrl.Tag();
+      ctrl.Tag(current.substr(0, current.find(',')) + "," + caption);
+    });
+  });
+}
+
+void DepWidgetToggler::vbwDump() const {
+  const Variant toggleData =
+      mToggleData ? Variant("Dictionary(" + std::to_string(mToggleData->size()) + ")")
+                  : Variant(std::shared_ptr<Object>());
+  vbwProtector::dumpModule({arg("mToggleData", toggleData)});
+}
+
+}  // namespace kelmora
