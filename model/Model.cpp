@@ -1,5 +1,8 @@
 #include "model/Model.h"
 
+#include "platform/Arrays.h"
+#include "platform/Late.h"
+
 #include <cstddef>
 #include <string_view>
 
@@ -17,46 +20,8 @@ namespace kelmora {
 
 namespace {
 
-// The model's arrays behave as the run time's: bounds are 0 to an upper
-// bound, an array without dimensions has no upper bound, and any access
-// outside the bounds fails with 9. An empty vector stands for an array
-// without dimensions; the model never dimensions one to hold nothing.
-template <typename T>
-int16_t upperBound(const std::vector<T>& array) {
-  if (array.empty())
-    throw RuntimeError(kSubscriptOutOfRange);
-  return static_cast<int16_t>(array.size() - 1);
-}
-
-template <typename T>
-T& element(std::vector<T>& array, int32_t index) {
-  if (index < 0 || static_cast<size_t>(index) >= array.size()) {
-    throw RuntimeError(kSubscriptOutOfRange);
-  }
-  return array[static_cast<size_t>(index)];
-}
-
-template <typename T>
-const T& element(const std::vector<T>& array, int32_t index) {
-  if (index < 0 || static_cast<size_t>(index) >= array.size()) {
-    throw RuntimeError(kSubscriptOutOfRange);
-  }
-  return array[static_cast<size_t>(index)];
-}
-
-// Dimensions the array 0 to upper, every entry empty; an upper bound below
-// 0 fails with 9 and leaves the array as it was.
-template <typename T>
-void dimension(std::vector<T>& array, int32_t upper) {
-  if (upper < 0)
-    throw RuntimeError(kSubscriptOutOfRange);
-  array.assign(static_cast<size_t>(upper) + 1, T{});
-}
-
 Dictionary& map(const std::shared_ptr<Dictionary>& dictionary) {
-  if (dictionary == nullptr)
-    throw RuntimeError(kObjectNotSet);
-  return *dictionary;
+  return Late::object(dictionary);
 }
 
 // The catalogue of each type, branched in the order 0, 1, 4. Types 2 and 3
@@ -109,7 +74,7 @@ int16_t Model::SecondKeyIndex() const {
 std::string Model::setting(int16_t Index) const {
   Procedure proc{this, procedureName<"Model.setting[Get]">(), {arg("Index", Index)}};
   return proc.run<std::string>(
-      [&](std::string& result) { proc.step([&] { result = element(mSettings, Index); }); });
+      [&](std::string& result) { proc.step([&] { result = Arrays::at(mSettings, Index); }); });
 }
 
 std::vector<int16_t> Model::ReferenceFormDisplayIndex() const {
@@ -144,22 +109,22 @@ void Model::initialize(int16_t whichType) {
     if (const Catalogue* catalogue = catalogueFor(whichType)) {
       const Catalogue& constants = *catalogue;
       proc.step([&] {
-        dimension(synchronizableKeys, constants.synchronizableKeysUpperBound);
+        Arrays::ReDim(synchronizableKeys, constants.synchronizableKeysUpperBound);
         for (const auto& row : constants.synchronizableKeys) {
-          element(synchronizableKeys, row.internalIndex) = row.key;
+          Arrays::at(synchronizableKeys, row.internalIndex) = row.key;
         }
       });
       proc.step([&] {
-        dimension(mSettings, static_cast<int32_t>(Catalogue::kSettingCount) - 1);
+        Arrays::ReDim(mSettings, static_cast<int32_t>(Catalogue::kSettingCount) - 1);
         for (const auto& row : constants.settings) {
-          element(mSettings, row.index) =
+          Arrays::at(mSettings, row.index) =
               row.number ? Variant(*row.number).toString() : std::string(row.text);
         }
       });
       proc.step([&] {
-        dimension(mReferenceFormDisplayIndex, 3);
+        Arrays::ReDim(mReferenceFormDisplayIndex, 3);
         for (size_t i = 0; i < constants.referenceFormDisplayIndex.size(); ++i) {
-          element(mReferenceFormDisplayIndex, static_cast<int32_t>(i)) =
+          Arrays::at(mReferenceFormDisplayIndex, static_cast<int32_t>(i)) =
               constants.referenceFormDisplayIndex[i];
         }
       });
@@ -173,19 +138,19 @@ void Model::initialize(int16_t whichType) {
       proc.step([&] { numAfterV4Keywords = constants.numAfterV4Keywords; });
       proc.step([&] {
         const auto upper = static_cast<int32_t>(constants.synchronizableControlIndices.size()) - 1;
-        dimension(mTooltips, upper);
-        dimension(mSynchronizableControlIndices, upper);
+        Arrays::ReDim(mTooltips, upper);
+        Arrays::ReDim(mSynchronizableControlIndices, upper);
         for (const auto& row : constants.synchronizableControlIndices) {
-          element(mSynchronizableControlIndices, row.position) = row.overallIndex;
+          Arrays::at(mSynchronizableControlIndices, row.position) = row.overallIndex;
         }
         for (const auto& row : constants.tooltips) {
-          element(mTooltips, row.position) = row.text;
+          Arrays::at(mTooltips, row.position) = row.text;
         }
       });
     }
 
-    proc.step([&] { mAuthorKey = element(synchronizableKeys, 1); });
-    proc.step([&] { element(synchronizableKeys, Catalogue::kKeywordsIndex) = "v4_keywords"; });
+    proc.step([&] { mAuthorKey = Arrays::at(synchronizableKeys, 1); });
+    proc.step([&] { Arrays::at(synchronizableKeys, Catalogue::kKeywordsIndex) = "v4_keywords"; });
     proc.step([&] { AddHiddenControls(synchronizableKeys, hiddenMap); });
     proc.step([&] {
       initializeKeyToInternalIndex(synchronizableKeys, mKeyToOverallIndex, controlKeyToInternalKey);
@@ -205,13 +170,13 @@ void Model::AddHiddenControls(std::vector<std::string>& synchronizableKeys,
     // The two hidden fields travel only in the host's record: no frame has a
     // widget for them.
     proc.step([&] {
-      element(synchronizableKeys, Catalogue::kLocationHiddenIndex) = "v4_location_hidden";
+      Arrays::at(synchronizableKeys, Catalogue::kLocationHiddenIndex) = "v4_location_hidden";
     });
     proc.step(
-        [&] { element(synchronizableKeys, Catalogue::kVotesHiddenIndex) = "v4_votes_hidden"; });
-    proc.step([&] { dimension(hiddenMap, 1); });
-    proc.step([&] { element(hiddenMap, 0) = Catalogue::kLocationHiddenIndex; });
-    proc.step([&] { element(hiddenMap, 1) = Catalogue::kVotesHiddenIndex; });
+        [&] { Arrays::at(synchronizableKeys, Catalogue::kVotesHiddenIndex) = "v4_votes_hidden"; });
+    proc.step([&] { Arrays::ReDim(hiddenMap, 1); });
+    proc.step([&] { Arrays::at(hiddenMap, 0) = Catalogue::kLocationHiddenIndex; });
+    proc.step([&] { Arrays::at(hiddenMap, 1) = Catalogue::kVotesHiddenIndex; });
   });
 }
 
@@ -228,21 +193,22 @@ void Model::initializeKeyToInternalIndex(std::vector<std::string>& synchronizabl
     proc.local("i", i);
 
     proc.step([&] { mKeyToInternalIndex = std::make_shared<Dictionary>(); });
-    proc.step([&] { dimension(mInternalKeyToControlKey, upperBound(synchronizableKeys)); });
+    proc.step([&] { Arrays::ReDim(mInternalKeyToControlKey, Arrays::UBound(synchronizableKeys)); });
     // The registry's fixed bound: overall indices above 50 fail with 9.
-    proc.step([&] { dimension(controlKeyToInternalKey, Catalogue::kMaxOverallIndex); });
+    proc.step([&] { Arrays::ReDim(controlKeyToInternalKey, Catalogue::kMaxOverallIndex); });
     // A loop whose bound fails to evaluate runs no iteration.
     int16_t last = -1;
-    proc.step([&] { last = upperBound(synchronizableKeys); });
+    proc.step([&] { last = Arrays::UBound(synchronizableKeys); });
     for (i = 0; i <= last; ++i) {
-      proc.step([&] { map(mKeyToInternalIndex).Add(element(synchronizableKeys, i), Variant(i)); });
+      proc.step(
+          [&] { map(mKeyToInternalIndex).Add(Arrays::at(synchronizableKeys, i), Variant(i)); });
       proc.step([&] {
-        const std::string& key = element(synchronizableKeys, i);
+        const std::string& key = Arrays::at(synchronizableKeys, i);
         if (!key.ends_with(kHiddenSuffix)) {
           // A key missing from the key table reads as empty, which adds it
           // there and converts to overall index 0.
-          element(mInternalKeyToControlKey, i) = map(keyToOverallIndex).Item(key).toInteger();
-          element(controlKeyToInternalKey, element(mInternalKeyToControlKey, i)) = i;
+          Arrays::at(mInternalKeyToControlKey, i) = map(keyToOverallIndex).Item(key).toInteger();
+          Arrays::at(controlKeyToInternalKey, Arrays::at(mInternalKeyToControlKey, i)) = i;
         }
       });
     }
@@ -266,30 +232,32 @@ void Model::initSynchronizableToInternal(std::vector<int16_t>& hiddenMap,
     proc.local("temp", temp);
 
     proc.step([&] {
-      dimension(mSynchronizableToInternalIndex, upperBound(mSynchronizableControlIndices));
+      Arrays::ReDim(mSynchronizableToInternalIndex, Arrays::UBound(mSynchronizableControlIndices));
     });
-    proc.step([&] { dimension(mControlIndices, map(mKeyToInternalIndex).Count() - 1); });
+    proc.step([&] { Arrays::ReDim(mControlIndices, map(mKeyToInternalIndex).Count() - 1); });
     proc.step([&] { temp = mTooltips; });
-    proc.step([&] { dimension(mTooltips, map(mKeyToInternalIndex).Count() - 1); });
+    proc.step([&] { Arrays::ReDim(mTooltips, map(mKeyToInternalIndex).Count() - 1); });
 
     // The keys that sort before the hidden ones: record position and
     // synchronisable position agree.
     int16_t lastBeforeHidden = -1;
     proc.step([&] {
       lastBeforeHidden =
-          static_cast<int16_t>(upperBound(mSynchronizableControlIndices) - numAfterV4Keywords);
+          static_cast<int16_t>(Arrays::UBound(mSynchronizableControlIndices) - numAfterV4Keywords);
     });
     for (i = 0; i <= lastBeforeHidden; ++i) {
       proc.step([&] {
-        element(mControlIndices, i) =
-            element(controlKeyToInternalKey, element(mSynchronizableControlIndices, i));
+        Arrays::at(mControlIndices, i) =
+            Arrays::at(controlKeyToInternalKey, Arrays::at(mSynchronizableControlIndices, i));
       });
-      proc.step([&] { element(mSynchronizableToInternalIndex, i) = element(mControlIndices, i); });
-      proc.step([&] { element(mTooltips, element(mControlIndices, i)) = element(temp, i); });
+      proc.step(
+          [&] { Arrays::at(mSynchronizableToInternalIndex, i) = Arrays::at(mControlIndices, i); });
+      proc.step(
+          [&] { Arrays::at(mTooltips, Arrays::at(mControlIndices, i)) = Arrays::at(temp, i); });
     }
 
     bool stop = false;
-    proc.step([&] { stop = i > upperBound(mControlIndices); });
+    proc.step([&] { stop = i > Arrays::UBound(mControlIndices); });
     if (stop)
       return;
 
@@ -297,28 +265,30 @@ void Model::initSynchronizableToInternal(std::vector<int16_t>& hiddenMap,
     // last key that sorts before them.
     proc.step([&] { j = 0; });
     int16_t lastHidden = -1;
-    proc.step([&] { lastHidden = static_cast<int16_t>(i + upperBound(hiddenMap)); });
+    proc.step([&] { lastHidden = static_cast<int16_t>(i + Arrays::UBound(hiddenMap)); });
     for (; i <= lastHidden; ++i) {
-      proc.step([&] { element(mControlIndices, i) = element(hiddenMap, j); });
+      proc.step([&] { Arrays::at(mControlIndices, i) = Arrays::at(hiddenMap, j); });
       proc.step([&] { ++j; });
     }
 
-    proc.step([&] { stop = i > upperBound(mControlIndices); });
+    proc.step([&] { stop = i > Arrays::UBound(mControlIndices); });
     if (stop)
       return;
 
     // The keys after the hidden ones sit that many record positions behind
     // their synchronisable position.
     int16_t lastRecord = -1;
-    proc.step([&] { lastRecord = upperBound(mControlIndices); });
+    proc.step([&] { lastRecord = Arrays::UBound(mControlIndices); });
     for (; i <= lastRecord; ++i) {
-      proc.step([&] { j = static_cast<int16_t>(i - upperBound(hiddenMap) - 1); });
+      proc.step([&] { j = static_cast<int16_t>(i - Arrays::UBound(hiddenMap) - 1); });
       proc.step([&] {
-        element(mControlIndices, i) =
-            element(controlKeyToInternalKey, element(mSynchronizableControlIndices, j));
+        Arrays::at(mControlIndices, i) =
+            Arrays::at(controlKeyToInternalKey, Arrays::at(mSynchronizableControlIndices, j));
       });
-      proc.step([&] { element(mSynchronizableToInternalIndex, j) = element(mControlIndices, i); });
-      proc.step([&] { element(mTooltips, element(mControlIndices, i)) = element(temp, j); });
+      proc.step(
+          [&] { Arrays::at(mSynchronizableToInternalIndex, j) = Arrays::at(mControlIndices, i); });
+      proc.step(
+          [&] { Arrays::at(mTooltips, Arrays::at(mControlIndices, i)) = Arrays::at(temp, j); });
     }
   });
 }

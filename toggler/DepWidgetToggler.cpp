@@ -3,6 +3,7 @@
 #include <array>
 
 #include "diagnostics/Procedure.h"
+#include "platform/Late.h"
 #include "platform/RuntimeError.h"
 #include "platform/Strings.h"
 #include "surface/CheckBox.h"
@@ -35,15 +36,8 @@ int32_t indexErrorOf(const std::string& text, int16_t& index) {
   }
 }
 
-// A call on a widget variable that was never set fails with 91.
-Widget& objectOf(Widget* widget) {
-  if (widget == nullptr)
-    throw RuntimeError(kObjectNotSet);
-  return *widget;
-}
-
 Label& asLabel(Widget* widget) {
-  auto* label = dynamic_cast<Label*>(&objectOf(widget));
+  auto* label = dynamic_cast<Label*>(&Late::object(widget));
   if (label == nullptr)
     throw RuntimeError(kTypeMismatch);
   return *label;
@@ -51,7 +45,7 @@ Label& asLabel(Widget* widget) {
 
 // A late-bound write of `caption`: widgets without one fail with 438.
 void setCaptionOf(Widget* target, const std::string& caption) {
-  Widget& widget = objectOf(target);
+  Widget& widget = Late::object(target);
   if (auto* label = dynamic_cast<Label*>(&widget))
     return label->Caption(caption);
   if (auto* option = dynamic_cast<OptionButton*>(&widget))
