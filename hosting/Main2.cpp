@@ -3,8 +3,15 @@
 #include "diagnostics/Procedure.h"
 #include "diagnostics/VarRef.h"
 #include "diagnostics/vbwProtector.h"
+#include "hosting/FrameContainer.h"
+#include "hosting/LibraryControls.h"
 #include "hosting/Startup.h"
+#include "platform/Late.h"
 #include "platform/RuntimeError.h"
+#include "surface/ControlRegistry.h"
+#include "surface/ControlWrapper.h"
+#include "surface/HostControls.h"
+#include "surface/HostForm.h"
 
 namespace kelmora {
 
@@ -24,6 +31,7 @@ std::shared_ptr<Model>& slotOf(std::array<std::shared_ptr<Model>, 5>& models, in
 
 Main2::Main2() {
   Startup::ensureForThisThread();
+  LibraryControls::Register();
 }
 
 Main2::~Main2() {
@@ -38,6 +46,33 @@ void Main2::ChangeFormatType(int16_t whichType) {
       if (model == nullptr)
         throw RuntimeError(kObjectNotSet);
       model->initializedToFormat = false;
+    });
+  });
+}
+
+std::shared_ptr<ControlWrapper> Main2::BuildFrameContainer(
+    const std::shared_ptr<HostForm>& footnoteForm, std::string name) {
+  Procedure proc{this,
+                 procedureName<"Main2.BuildFrameContainer">(),
+                 {arg("footnoteForm", footnoteForm), arg("name", name)}};
+  return proc.run<std::shared_ptr<ControlWrapper>>([&](std::shared_ptr<ControlWrapper>& result) {
+    std::shared_ptr<FrameContainer> control;
+    proc.local("control", control);
+    proc.step([&] {
+      result = Late::object(Late::object(footnoteForm).controls())
+                   .Add(ControlRegistry::kFrameContainer, name);
+    });
+    proc.step([&] {
+      control = std::dynamic_pointer_cast<FrameContainer>(Late::object(result).Object());
+      if (!control)
+        throw RuntimeError(kTypeMismatch);
+    });
+    proc.step([&] {
+      auto self = weak_from_this().lock();
+      // A Main2 that nobody shares cannot be pointed back to.
+      if (!self)
+        throw RuntimeError(kObjectNotSet);
+      Late::object(control).controller(std::move(self));
     });
   });
 }

@@ -1,5 +1,7 @@
 #include "support/RecordingTracingService.h"
 
+#include <sstream>
+
 #include "platform/RunningObjectTable.h"
 #include "platform/RuntimeError.h"
 
@@ -88,6 +90,17 @@ std::vector<std::string> RecordingTracingService::callsStartingWith(
       matching.push_back(call);
   }
   return matching;
+}
+
+std::vector<std::string> RecordingTracingService::failures() const {
+  std::vector<std::string> found;
+  for (const auto& call : callsStartingWith("before ")) {
+    std::istringstream words(call.substr(7));
+    std::string project, module, procedure, line, number;
+    words >> project >> module >> procedure >> line >> number;
+    found.push_back(module + "." + procedure + " " + number);
+  }
+  return found;
 }
 
 int RecordingTracingService::countOf(const std::string& prefix) const {

@@ -45,6 +45,8 @@ class RecordingTracingService : public TracingService {
   // The calls that start with the given prefix.
   std::vector<std::string> callsStartingWith(const std::string& prefix) const;
   int countOf(const std::string& prefix) const;
+  // Each failure reported so far, as "Module.Procedure number".
+  std::vector<std::string> failures() const;
 
  private:
   void maybeFail(const char* member);
@@ -67,7 +69,7 @@ class ScopedBridge {
   ScopedBridge(const ScopedBridge&) = delete;
   ScopedBridge& operator=(const ScopedBridge&) = delete;
 
-  RecordingTracingService& service() { return *mService; }
+  RecordingTracingService& service() const { return *mService; }
 
  private:
   std::shared_ptr<RecordingTracingService> mService;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <sstream>
 
 #include "support/FreshThread.h"
 #include "support/RecordingTracingService.h"
@@ -344,18 +343,6 @@ TEST(DepWidgetTogglerTest, RegistrationStoresRulesUnderEachConditionWidget) {
   });
 }
 
-// The procedure and error number of each failure the service was told of.
-std::vector<std::string> failures(const testing::RecordingTracingService& service) {
-  std::vector<std::string> found;
-  for (const auto& call : service.callsStartingWith("before ")) {
-    std::istringstream words(call.substr(7));
-    std::string project, module, procedure, line, number;
-    words >> project >> module >> procedure >> line >> number;
-    found.push_back(procedure + " " + number);
-  }
-  return found;
-}
-
 TEST(DepWidgetTogglerTest, FailuresReachTheFailurePathWithTheirNumbers) {
   struct Row {
     const char* what;
@@ -369,7 +356,7 @@ TEST(DepWidgetTogglerTest, FailuresReachTheFailurePathWithTheirNumbers) {
          EXPECT_EQ(f.toggler.triggers(), (std::vector<int16_t>{0}));
          EXPECT_TRUE(f.keys.Exists("Nope"));
        },
-       {"Add 13"}},
+       {"DepWidgetToggler.Add 13"}},
       {"unknown plain widget: skipped, the others work",
        [](Form& f) {
          f.toggler.Add(f.keys, "A=__ALWAYS_DISABLE__", "Nope,L", {.toggleByHiding = true});
@@ -383,39 +370,39 @@ TEST(DepWidgetTogglerTest, FailuresReachTheFailurePathWithTheirNumbers) {
          f.toggler.Execute(f.controls, 0);
        },
        // Going on past the failure leaves the widget unset for the write.
-       {"toggleEnable 13", "toggleEnable 91"}},
+       {"DepWidgetToggler.toggleEnable 13", "DepWidgetToggler.toggleEnable 91"}},
       {"condition without a comparator",
        [](Form& f) { f.toggler.Add(f.keys, "A", "L"); },
-       {"convertToLookupKey 9"}},
+       {"DepWidgetToggler.convertToLookupKey 9"}},
       {"two empty items in one trigger",
        [](Form& f) {
          f.toggler.Add(f.keys, "A=__ALWAYS_ENABLE__", "Nope,Nada");
          f.toggler.Execute(f.controls, 0);
        },
-       {"EnableCommands 457"}},
+       {"DepWidgetToggler.EnableCommands 457"}},
       {"one widget driven twice by one trigger",
        [](Form& f) {
          f.toggler.Add(f.keys, "A=__ALWAYS_ENABLE__", "L");
          f.toggler.Add(f.keys, "A<>", "L");
          f.toggler.Execute(f.controls, 0);
        },
-       {"EnableCommands 457"}},
+       {"DepWidgetToggler.EnableCommands 457"}},
       {"trigger outside the table",
        [](Form& f) { f.toggler.Execute(f.controls, 7); },
-       {"Execute 9"}},
+       {"DepWidgetToggler.Execute 9"}},
       {"Add before Reset",
        [](Form& f) {
          DepWidgetToggler fresh;
          fresh.Add(f.keys, "A<>", "L");
        },
-       {"Add 91"}},
+       {"DepWidgetToggler.Add 91"}},
       {"Execute before Reset",
        [](Form& f) {
          DepWidgetToggler fresh;
          fresh.ToggleFormatDependentWidgets(f.controls);  // quietly nothing
          fresh.Execute(f.controls, 0);
        },
-       {"EnableCommands 91"}},
+       {"DepWidgetToggler.EnableCommands 91"}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
@@ -426,7 +413,7 @@ TEST(DepWidgetTogglerTest, FailuresReachTheFailurePathWithTheirNumbers) {
       form.add<TextBox>("B");
       form.add<Label>("L");
       row.act(form);
-      EXPECT_EQ(failures(bridge.service()), row.expected);
+      EXPECT_EQ(bridge.service().failures(), row.expected);
     });
   }
 }
