@@ -101,15 +101,15 @@ TEST(PeriodicalTest, OptionByFormatTable) {
   const char* titles[] = {"Journal Title", "Magazine Title", "Newspaper"};
   scenario([&] {
     for (const auto& row : rows) {
-      for (int16_t before = 0; before <= 2; ++before) {
-        if (before == row.option)
+      for (int16_t prior = 0; prior <= 2; ++prior) {
+        if (prior == row.option)
           continue;
         SCOPED_TRACE(::testing::Message() << "option " << row.option << " format " << row.format
-                                          << " after option " << before);
+                                          << " after option " << prior);
         // Family 2 shows the access date; the family under test then
         // leaves it, or not.
         PeriodicalHost host(family(2));
-        host.showAll(before);
+        host.showAll(prior);
         host.main->ChangeFormatType(1);
         host.format(family(row.format));
         auto state = [&] {
@@ -127,13 +127,20 @@ TEST(PeriodicalTest, OptionByFormatTable) {
           pair(host.box(9), host.at("PeriodicalAccessDateLabel"));
           return shown;
         };
-        std::string expected = state();
+        // Non-blank columns follow the table; blank ones keep what stood.
+        auto expect = [&](int16_t option, std::string shown) {
+          const char* table = rows[option * 4 + row.format].shown;
+          for (size_t c = 0; c < shown.size(); ++c) {
+            if (table[c] != '.')
+              shown[c] = table[c];
+          }
+          return shown;
+        };
+        // A new format toggles again for the option already shown.
+        const std::string stood = state();
+        EXPECT_EQ(stood, expect(prior, stood));
         host.showAll(row.option);
-        for (size_t c = 0; c < expected.size(); ++c) {
-          if (row.shown[c] != '.')
-            expected[c] = row.shown[c];
-        }
-        EXPECT_EQ(state(), expected);
+        EXPECT_EQ(state(), expect(row.option, stood));
         EXPECT_EQ(host.at<Label>("PeriodicalTitleLabel").Caption(), titles[row.option]);
         EXPECT_EQ(host.failures(), Calls{});
       }
