@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "diagnostics/vbwProtector.h"
-#include "hosting/LibraryControls.h"
 #include "proxy/FrameProxy.h"
 #include "support/ContainerHost.h"
 #include "support/FreshThread.h"
@@ -21,11 +20,8 @@ using testing::onFreshThread;
 using testing::TestFrame;
 
 // Runs a scenario on a thread of its own with test frames registered for
-// the three types and the logs of earlier scenarios cleared. The library's
-// own registration runs once per process, on the first Main2; running it
-// first keeps it from replacing the test frames later.
+// the three types and the logs of earlier scenarios cleared.
 void scenario(const std::function<void()>& body) {
-  LibraryControls::Register();
   TestFrame::registerForAllTypes();
   onFreshThread([&] {
     TestFrame::log().clear();

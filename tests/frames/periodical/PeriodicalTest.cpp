@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "hosting/LibraryControls.h"
 #include "support/ContainerHost.h"
 #include "support/FreshThread.h"
 #include "support/SettingsBuilder.h"
@@ -56,7 +55,6 @@ struct PeriodicalHost : testing::ContainerHost {
 // The other two types stand as test frames, so that the container can hide
 // the frame it showed first; the real Periodical replaces its test frame.
 void scenario(const std::function<void()>& body) {
-  LibraryControls::Register();
   testing::TestFrame::registerForAllTypes();
   ControlRegistry::Register(ControlRegistry::kPeriodical, []() -> std::shared_ptr<UserControl> {
     return std::make_shared<Periodical>();
