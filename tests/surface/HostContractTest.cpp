@@ -6,7 +6,7 @@
 #include "support/RecordingHostCallback.h"
 #include "support/RecordingTracingService.h"
 #include "support/SettingsBuilder.h"
-#include "support/TestHostForm.h"
+#include "surface/HeadlessHostForm.h"
 #include "surface/ControlRegistry.h"
 #include "surface/DataObject.h"
 #include "surface/HostCallback.h"
@@ -22,7 +22,6 @@ using testing::onFreshThread;
 using testing::RecordingHostCallback;
 using testing::ScopedBridge;
 using testing::SettingsBuilder;
-using testing::TestHostForm;
 
 using testing::errorOf;
 
@@ -150,7 +149,7 @@ TEST(HostContractTest, TheHostFormPlantsControlsByIdentifierAndEndsThemLastFirst
     return std::static_pointer_cast<UserControl>(std::make_shared<Probe>());
   });
   {
-    TestHostForm form;
+    HeadlessHostForm form;
     auto controls = form.controls();
     auto first = controls->Add("KelmoraTest.Probe", "First")->Object();
     controls->Add("KelmoraTest.Probe", "Second");
