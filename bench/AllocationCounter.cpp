@@ -1,18 +1,30 @@
 #include "AllocationCounter.h"
 
+#include <malloc.h>
+
 #include <cstdlib>
 #include <new>
 
 namespace {
 thread_local uint64_t gAllocations = 0;
 thread_local uint64_t gBytes = 0;
+thread_local int64_t gLiveBytes = 0;
 
 void* allocate(std::size_t size) {
+  void* memory = std::malloc(size == 0 ? 1 : size);
+  if (memory == nullptr)
+    throw std::bad_alloc();
   ++gAllocations;
   gBytes += size;
-  if (void* memory = std::malloc(size == 0 ? 1 : size))
-    return memory;
-  throw std::bad_alloc();
+  gLiveBytes += static_cast<int64_t>(malloc_usable_size(memory));
+  return memory;
+}
+
+void release(void* memory) noexcept {
+  if (memory == nullptr)
+    return;
+  gLiveBytes -= static_cast<int64_t>(malloc_usable_size(memory));
+  std::free(memory);
 }
 }  // namespace
 
@@ -23,16 +35,16 @@ void* operator new[](std::size_t size) {
   return allocate(size);
 }
 void operator delete(void* memory) noexcept {
-  std::free(memory);
+  release(memory);
 }
 void operator delete[](void* memory) noexcept {
-  std::free(memory);
+  release(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
+  release(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-  std::free(memory);
+  release(memory);
 }
 
 namespace kelmora::bench {
@@ -42,6 +54,9 @@ uint64_t AllocationCounter::allocations() {
 }
 uint64_t AllocationCounter::bytes() {
   return gBytes;
+}
+int64_t AllocationCounter::liveBytes() {
+  return gLiveBytes;
 }
 
 void AllocationScope::report() {

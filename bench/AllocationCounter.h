@@ -7,10 +7,12 @@
 namespace kelmora::bench {
 
 // Heap allocations and bytes made on this thread, counted by the benchmark
-// binary's replacement of the global operator new.
+// binary's replacement of the global operator new, and the bytes still
+// held (as the allocator sizes the blocks).
 struct AllocationCounter {
   static uint64_t allocations();
   static uint64_t bytes();
+  static int64_t liveBytes();
 };
 
 // Adds "allocs/op" and "bytes/op" to a benchmark's report for the

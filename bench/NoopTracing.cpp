@@ -12,6 +12,18 @@ class Bridge : public BridgeToVB {
 };
 }  // namespace
 
+int& NoopTracing::failures() {
+  thread_local int count = 0;
+  return count;
+}
+
+void ScopedNoopTracing::checkNoFailures(benchmark::State& state) {
+  if (NoopTracing::failures() != 0) {
+    state.SkipWithError("the measured path failed");
+    NoopTracing::failures() = 0;
+  }
+}
+
 ScopedNoopTracing::ScopedNoopTracing(bool traceParameters) {
   RunningObjectTable::Register(BridgeToVB::kClassName, std::make_shared<Bridge>());
   vbwProtector::vbwTraceProc() = true;

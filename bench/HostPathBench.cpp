@@ -1,0 +1,226 @@
+// Benchmarks of the paths a host and an author hit, each through
+// FrameContainer with a host that only counts: the keystroke path, loading a
+// reference, a format switch, the show-all switch, building a container,
+// and Model construction. The keystroke and load paths are also measured
+// against a floor: the same string writes and host calls on plain data,
+// through a virtual interface, with no rules, tracing or widgets.
+#include <benchmark/benchmark.h>
+
+#include "AllocationCounter.h"
+#include "BenchHost.h"
+#include "model/Model.h"
+#include "surface/TextBox.h"
+
+namespace kelmora {
+namespace {
+
+using bench::AllocationScope;
+using bench::PeriodicalBenchHost;
+
+// The keystroke path: one change of PeriodicalOnline reaches the host, and
+// the host answers with the rules of that field and the close-up.
+void BM_KeystrokePath(benchmark::State& state) {
+  PeriodicalBenchHost host;
+  auto online = std::dynamic_pointer_cast<TextBox>(host.widget("TextBox", 8));
+  const int16_t index = host.internalIndex("PeriodicalOnline");
+  const std::string texts[] = {"https://doi.org/10.1145/609784.609818",
+                               "https://doi.org/10.1145/609784.609819"};
+  size_t next = 0;
+  for (int warm = 0; warm < 4; ++warm) {
+    online->Text(texts[next ^= 1]);
+    host.container->ExecuteDependentWidgetToggler(1, index);
+  }
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    online->Text(texts[next ^= 1]);
+    host.container->ExecuteDependentWidgetToggler(1, index);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_KeystrokePath);
+
+// Loading a full stored journal article into the frame.
+void BM_LoadPath(benchmark::State& state) {
+  PeriodicalBenchHost host;
+  auto article = host.sampleArticle();
+  auto other = article;
+  other[static_cast<size_t>(host.internalIndex("PeriodicalArticleTitle"))] = "Another title";
+  host.container->SynchronizeFieldsWithModel(1, article);
+  bool flip = false;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    host.container->SynchronizeFieldsWithModel(1, (flip = !flip) ? other : article);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_LoadPath);
+
+// A host whose interface takes the same arguments as the library's
+// callback, for the floor.
+class FloorHost {
+ public:
+  virtual ~FloorHost() = default;
+  virtual void widgetChangeHandler(bool& isKeyField, int16_t& Index, std::string& value,
+                                   std::string& secondaryText, bool suppress,
+                                   int16_t& toggleSecondIndex) = 0;
+};
+
+class CountingFloorHost : public FloorHost {
+ public:
+  int calls = 0;
+  void widgetChangeHandler(bool&, int16_t&, std::string&, std::string&, bool, int16_t&) override {
+    ++calls;
+  }
+};
+
+// The floor of a keystroke: the field's text written once, the host called
+// once.
+void BM_KeystrokeFloor(benchmark::State& state) {
+  auto host = std::make_unique<CountingFloorHost>();
+  FloorHost* through = host.get();
+  const std::string texts[] = {"https://doi.org/10.1145/609784.609818",
+                               "https://doi.org/10.1145/609784.609819"};
+  std::string field = texts[0];
+  std::string secondary;
+  size_t next = 0;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    field = texts[next ^= 1];
+    bool isKeyField = false;
+    int16_t index = 5;
+    int16_t toggle = -1;
+    through->widgetChangeHandler(isKeyField, index, field, secondary, false, toggle);
+    benchmark::DoNotOptimize(field);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_KeystrokeFloor);
+
+// The floor of a load: every value written into its field, and the host
+// called as often as loading the same article calls it.
+void BM_LoadFloor(benchmark::State& state) {
+  int hostCalls = 0;
+  std::vector<std::string> article;
+  {
+    PeriodicalBenchHost host;
+    article = host.sampleArticle();
+    host.container->SynchronizeFieldsWithModel(1, article);
+    const int before = host.callback->calls;
+    auto other = article;
+    other[0] = "Another title";
+    host.container->SynchronizeFieldsWithModel(1, other);
+    hostCalls = host.callback->calls - before;
+  }
+  auto other = article;
+  other[0] = "Another title";
+  auto host = std::make_unique<CountingFloorHost>();
+  FloorHost* through = host.get();
+  std::vector<std::string> fields(article.size());
+  std::string secondary;
+  bool flip = false;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    const auto& values = (flip = !flip) ? other : article;
+    for (size_t i = 0; i < values.size(); ++i) fields[i] = values[i];
+    for (int call = 0; call < hostCalls; ++call) {
+      bool isKeyField = false;
+      int16_t index = static_cast<int16_t>(call);
+      int16_t toggle = -1;
+      through->widgetChangeHandler(isKeyField, index,
+                                   fields[static_cast<size_t>(call) % fields.size()], secondary,
+                                   false, toggle);
+    }
+    benchmark::DoNotOptimize(fields);
+  }
+  allocations.report();
+  state.counters["host calls"] = hostCalls;
+}
+BENCHMARK(BM_LoadFloor);
+
+// A new format for the type, and its rules built and run.
+void BM_FormatSwitch(benchmark::State& state) {
+  PeriodicalBenchHost host;
+  std::shared_ptr<FormatterSettings> formats[] = {std::make_shared<bench::BenchSettings>(1),
+                                                  std::make_shared<bench::BenchSettings>(2)};
+  size_t next = 0;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    host.main->ChangeFormatType(1);
+    host.container->ToggleFormatDependentWidgets(1, formats[next ^= 1]);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_FormatSwitch);
+
+// Showing all fields and back.
+void BM_ShowAllSwitch(benchmark::State& state) {
+  PeriodicalBenchHost host;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    host.container->UpdateFrame(-1, true);
+    host.container->UpdateFrame(-1, false);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_ShowAllSwitch);
+
+// A Main2 building a container on a form and showing the Periodical frame,
+// then the container taken off the form. A Main2 hands each type's
+// metadata to its first container only, so each round starts anew.
+void BM_BuildContainerAndShowFirstFrame(benchmark::State& state) {
+  PeriodicalBenchHost host;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    auto main = std::make_shared<Main2>();
+    auto container = std::dynamic_pointer_cast<FrameContainer>(
+        main->BuildFrameContainer(host.form, "Extra")->Object());
+    container->initialize(host.callback);
+    container->SetVisibleFrame(1);
+    host.form->remove("Extra");
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_BuildContainerAndShowFirstFrame);
+
+void BM_ModelConstruction(benchmark::State& state) {
+  bench::ScopedNoopTracing tracing;
+  const auto whichType = static_cast<int16_t>(state.range(0));
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    auto model = std::make_shared<Model>();
+    model->initialize(whichType);
+    benchmark::DoNotOptimize(model);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_ModelConstruction)->Arg(0)->Arg(1)->Arg(4);
+
+// Memory of a container with one Periodical frame, and what stays after
+// the container is taken off its form.
+void BM_ContainerMemory(benchmark::State& state) {
+  bench::ScopedNoopTracing tracing;
+  for (auto _ : state) {
+    const int64_t before = bench::AllocationCounter::liveBytes();
+    int64_t held = 0;
+    {
+      PeriodicalBenchHost host;
+      host.container->SynchronizeFieldsWithModel(
+          1, *std::make_unique<std::vector<std::string>>(host.sampleArticle()));
+      held = bench::AllocationCounter::liveBytes() - before;
+    }
+    state.counters["container bytes"] = static_cast<double>(held);
+    state.counters["retained bytes"] =
+        static_cast<double>(bench::AllocationCounter::liveBytes() - before);
+  }
+}
+BENCHMARK(BM_ContainerMemory)->Iterations(1);
+
+}  // namespace
+}  // namespace kelmora
