@@ -67,6 +67,8 @@ void AllocationScope::report() {
       static_cast<double>(AllocationCounter::allocations() - mAllocations) / iterations;
   mState.counters["bytes/op"] =
       static_cast<double>(AllocationCounter::bytes() - mBytes) / iterations;
+  mState.counters["procs/op"] =
+      static_cast<double>(NoopTracing::procedures() - mProcedures) / iterations;
 }
 
 }  // namespace kelmora::bench

@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "NoopTracing.h"
+
 namespace kelmora::bench {
 
 // Heap allocations and bytes made on this thread, counted by the benchmark
@@ -15,20 +17,23 @@ struct AllocationCounter {
   static int64_t liveBytes();
 };
 
-// Adds "allocs/op" and "bytes/op" to a benchmark's report for the
-// allocations made between construction and report().
+// Adds "allocs/op", "bytes/op" and "procs/op" (traced procedures entered)
+// to a benchmark's report for what happened between construction and
+// report().
 class AllocationScope {
  public:
   explicit AllocationScope(benchmark::State& state)
       : mState(state),
         mAllocations(AllocationCounter::allocations()),
-        mBytes(AllocationCounter::bytes()) {}
+        mBytes(AllocationCounter::bytes()),
+        mProcedures(NoopTracing::procedures()) {}
   void report();
 
  private:
   benchmark::State& mState;
   uint64_t mAllocations;
   uint64_t mBytes;
+  int64_t mProcedures;
 };
 
 }  // namespace kelmora::bench

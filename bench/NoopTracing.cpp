@@ -17,6 +17,11 @@ int& NoopTracing::failures() {
   return count;
 }
 
+int64_t& NoopTracing::procedures() {
+  thread_local int64_t count = 0;
+  return count;
+}
+
 void ScopedNoopTracing::checkNoFailures(benchmark::State& state) {
   if (NoopTracing::failures() != 0) {
     state.SkipWithError("the measured path failed");

@@ -16,8 +16,10 @@ namespace kelmora::bench {
 class NoopTracing : public TracingService {
  public:
   static int& failures();
+  // Traced procedures entered on this thread.
+  static int64_t& procedures();
 
-  void vbwProcIn(const std::string&, const std::string&) override {}
+  void vbwProcIn(const std::string&, const std::string&) override { ++procedures(); }
   void vbwProcOut() override {}
   std::string vbwReportParameter(const std::string& name, const Variant&) override { return name; }
   void vbwReportVariable(const std::string&, const Variant&, int32_t) override {}

@@ -7,11 +7,11 @@
 
 namespace kelmora {
 
-std::string CommonFormProcessingFunctions::GetTag(const std::shared_ptr<Object>& ctrl,
-                                                  bool tagType) {
+std::string_view CommonFormProcessingFunctions::GetTag(const std::shared_ptr<Object>& ctrl,
+                                                       bool tagType) {
   Procedure proc{procedureName<"CommonFormProcessingFunctions.GetTag">(),
                  {arg("ctrl", ctrl), arg("tagType", tagType)}};
-  return proc.run<std::string>([&](std::string& result) {
+  return proc.run<std::string_view>([&](std::string_view& result) {
     if (!ctrl)
       return;
     proc.step([&] {
@@ -21,7 +21,7 @@ std::string CommonFormProcessingFunctions::GetTag(const std::shared_ptr<Object>&
       result = widget->Tag();
     });
     proc.step([&] {
-      static const std::string comma = ",";
+      constexpr std::string_view comma = ",";
       if (tagType) {
         TextHelper::instance()->KeepAfterSeparator(result, comma);
       } else {
@@ -32,7 +32,7 @@ std::string CommonFormProcessingFunctions::GetTag(const std::shared_ptr<Object>&
 }
 
 std::shared_ptr<Object> CommonFormProcessingFunctions::getWidgetWithTag(
-    const std::shared_ptr<Object>& obj, const std::string& verifyTag) {
+    const std::shared_ptr<Object>& obj, std::string_view verifyTag) {
   Procedure proc{procedureName<"CommonFormProcessingFunctions.getWidgetWithTag">(),
                  {arg("obj", obj), arg("verifyTag", verifyTag)}};
   return proc.run<std::shared_ptr<Object>>([&](std::shared_ptr<Object>& result) {

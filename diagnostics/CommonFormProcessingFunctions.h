@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/Object.h"
 
@@ -15,16 +16,17 @@ class CommonFormProcessingFunctions {
  public:
   // The key part (tagType false) or the role part (tagType true) of the
   // widget's tag; the empty string for nothing. An object without a tag
-  // fails inside and takes the failure path.
-  static std::string GetTag(const std::shared_ptr<Object>& ctrl, bool tagType);
+  // fails inside and takes the failure path. The result views the widget's
+  // tag: use it before the tag changes, or copy it.
+  static std::string_view GetTag(const std::shared_ptr<Object>& ctrl, bool tagType);
   // Returns obj. It reads the tag but compares it with nothing: verifyTag
   // only documents at the call which key the caller expects.
   static std::shared_ptr<Object> getWidgetWithTag(const std::shared_ptr<Object>& obj,
-                                                  const std::string& verifyTag);
+                                                  std::string_view verifyTag);
 
   template <typename T>
   static std::shared_ptr<T> getWidgetWithTag(const std::shared_ptr<T>& obj,
-                                             const std::string& verifyTag) {
+                                             std::string_view verifyTag) {
     getWidgetWithTag(std::static_pointer_cast<Object>(obj), verifyTag);
     return obj;
   }

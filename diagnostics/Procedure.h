@@ -120,7 +120,7 @@ class Procedure {
 
   const Dumpable* mOwner;
   const ProcedureName& mName;
-  std::array<VarRef, kMaxVariables> mVariables{};
+  std::array<VarRef, kMaxVariables> mVariables;
   size_t mParameterCount = 0;
   size_t mVariableCount = 0;
   bool mGoOnPastFailures = false;

@@ -7,28 +7,28 @@ const std::shared_ptr<TextHelper>& TextHelper::instance() {
   return helper;
 }
 
-Variant TextHelper::TextStartsWith(const std::string& text, const std::string& prefix) const {
+Variant TextHelper::TextStartsWith(std::string_view text, std::string_view prefix) const {
   return Variant(text.starts_with(prefix));
 }
 
-Variant TextHelper::TextEndsWith(const std::string& text, const std::string& suffix) const {
+Variant TextHelper::TextEndsWith(std::string_view text, std::string_view suffix) const {
   return Variant(text.ends_with(suffix));
 }
 
-void TextHelper::KeepBeforeSeparator(std::string& text, const std::string& separator,
+void TextHelper::KeepBeforeSeparator(std::string_view& text, std::string_view separator,
                                      bool keepWholeWithout) const {
   const auto at = text.find(separator);
-  if (at != std::string::npos) {
-    text.erase(at);
+  if (at != std::string_view::npos) {
+    text = text.substr(0, at);
   } else if (!keepWholeWithout) {
-    text.clear();
+    text = {};
   }
 }
 
-void TextHelper::KeepAfterSeparator(std::string& text, const std::string& separator) const {
+void TextHelper::KeepAfterSeparator(std::string_view& text, std::string_view separator) const {
   const auto at = text.find(separator);
-  if (at != std::string::npos)
-    text.erase(0, at + separator.size());
+  if (at != std::string_view::npos)
+    text = text.substr(at + separator.size());
 }
 
 void TextHelper::RemoveEnding(std::string& text, const std::string& ending) const {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -34,6 +35,9 @@ inline Variant reportValue(const std::string& value) {
 }
 inline Variant reportValue(const char* value) {
   return Variant(value);
+}
+inline Variant reportValue(std::string_view value) {
+  return Variant(std::string(value));
 }
 
 template <typename T>
@@ -80,9 +84,11 @@ Variant reportValue(const std::array<T, N>& values) {
 // A named reference to a variable whose current value a report reads: a
 // pointer and a plain converter, so that registering allocates nothing.
 struct VarRef {
-  const char* name = nullptr;
-  const void* address = nullptr;
-  Variant (*read)(const void*) = nullptr;
+  // No default member values: a guard's table of variables stays
+  // uninitialised beyond the entries it registers.
+  const char* name;
+  const void* address;
+  Variant (*read)(const void*);
 
   Variant value() const { return read(address); }
 };

@@ -47,9 +47,14 @@ const std::string& vbwProtector::globalHeader() {
   return header;
 }
 
+std::shared_ptr<TracingService>& vbwProtector::tracingOwner() {
+  thread_local std::shared_ptr<TracingService> owner;
+  return owner;
+}
+
 TracingService& vbwProtector::tracingObject() {
   auto& cached = state().tracingObject;
-  if (!cached) {
+  if (cached == nullptr) {
     // Attach to the host's running bridge; none is ever created here.
     auto bridge = std::dynamic_pointer_cast<BridgeToVB>(
         RunningObjectTable::GetObject(BridgeToVB::kClassName));
@@ -58,7 +63,8 @@ TracingService& vbwProtector::tracingObject() {
     auto service = std::dynamic_pointer_cast<TracingService>(bridge->ErrorParams());
     if (!service)
       throw RuntimeError(kMemberNotSupported);
-    cached = std::move(service);
+    tracingOwner() = std::move(service);
+    cached = tracingOwner().get();
   }
   return *cached;
 }
@@ -122,14 +128,15 @@ int32_t vbwProtector::vbwAfterDump() {
 
 void vbwProtector::vbwExitThread(bool flag) {
   auto& cached = state().tracingObject;
-  if (!cached)
+  if (cached == nullptr)
     return;
   // The thread's tracing ends whether or not the service takes the call.
   try {
     cached->vbwExitThread(flag);
   } catch (const RuntimeError&) {
   }
-  cached.reset();
+  cached = nullptr;
+  tracingOwner().reset();
 }
 
 std::string vbwProtector::parameterText(std::span<const VarRef> parameters) {

@@ -76,18 +76,21 @@ class vbwProtector {
   static const std::string& globalHeader();
 
  private:
+  // Plain data, all zero at the start of a thread, so that the thread's copy
+  // needs no run-time initialisation and every traced call reaches it
+  // directly. The tracing object is owned
+  // by tracingOwner(); this holds a plain pointer to it.
   struct ThreadState {
-    bool traceProc = false;
-    bool traceParameters = false;
-    bool traceLines = false;
-    bool answerLatch = false;
-    std::shared_ptr<TracingService> tracingObject;
+    bool traceProc;
+    bool traceParameters;
+    bool traceLines;
+    bool answerLatch;
+    TracingService* tracingObject;
   };
+  static inline constinit thread_local ThreadState tState{};
 
-  static ThreadState& state() {
-    thread_local ThreadState threadState;
-    return threadState;
-  }
+  static ThreadState& state() { return tState; }
+  static std::shared_ptr<TracingService>& tracingOwner();
   static TracingService& tracingObject();
   static void globalDump();
 };

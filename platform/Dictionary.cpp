@@ -9,12 +9,15 @@ void Dictionary::Add(const std::string& key, Variant item) {
     throw RuntimeError(kKeyAlreadyExists);
 }
 
-bool Dictionary::Exists(const std::string& key) const {
+bool Dictionary::Exists(std::string_view key) const {
   return mItems.find(key) != mItems.end();
 }
 
-Variant& Dictionary::Item(const std::string& key) {
-  return mItems[key];
+Variant& Dictionary::Item(std::string_view key) {
+  auto found = mItems.find(key);
+  if (found != mItems.end())
+    return found.value();
+  return mItems.try_emplace(std::string(key)).first.value();
 }
 
 void Dictionary::Remove(const std::string& key) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <tsl/ordered_map.h>
@@ -20,11 +22,11 @@ class Dictionary : public Object {
   std::string TypeName() const override { return "Dictionary"; }
 
   void Add(const std::string& key, Variant item);
-  bool Exists(const std::string& key) const;
+  bool Exists(std::string_view key) const;
   int32_t Count() const { return static_cast<int32_t>(mItems.size()); }
 
   // Read or write access; a missing key is added with an empty value.
-  Variant& Item(const std::string& key);
+  Variant& Item(std::string_view key);
   // Removing a key that is not there fails with 5.
   void Remove(const std::string& key);
   void RemoveAll() { mItems.clear(); }
@@ -37,7 +39,13 @@ class Dictionary : public Object {
   std::vector<Variant> Items() const;
 
  private:
-  tsl::ordered_map<std::string, Variant> mItems;
+  // Looked up by view as well, so that reading a key out of a widget's tag
+  // copies nothing.
+  struct KeyHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
+  };
+  tsl::ordered_map<std::string, Variant, KeyHash, std::equal_to<>> mItems;
 };
 
 }  // namespace kelmora

@@ -47,7 +47,10 @@ void FrameProxy::initialize(const std::shared_ptr<Widget>& frame,
   proc.run([&] {
     std::string authorKey;
     proc.local("authorKey", authorKey);
-    proc.step([&] { mFrame = frame; });
+    proc.step([&] {
+      mFrame = frame;
+      mFrameOperations = dynamic_cast<ReferenceFrame*>(frame.get());
+    });
     proc.step([&] { initControls(frameOperations().getControls()); });
     proc.step([&] {
       Late::object(metaData).getUIMetadata(mKeyToOverallIndex, mSynchronizableToInternalIndex,
@@ -103,6 +106,7 @@ void FrameProxy::classEnd() {
   // The frame's Terminate first, while its widgets still stand.
   frameOperations().Terminate();
   mFrame.reset();
+  mFrameOperations = nullptr;
   mControls.clear();
   if (mKeyToInternalIndex)
     mKeyToInternalIndex.reset();
@@ -125,7 +129,11 @@ FrameProxy::~FrameProxy() {
 }
 
 ReferenceFrame& FrameProxy::frameOperations() const {
-  return Late::as<ReferenceFrame>(mFrame);
+  Late::object(mFrame);
+  // A frame that does not honour the contract has none of its members.
+  if (mFrameOperations == nullptr)
+    throw RuntimeError(kMemberNotSupported);
+  return *mFrameOperations;
 }
 
 // ---------------------------------------------------------------------------
@@ -211,7 +219,7 @@ void FrameProxy::Reset(bool showAllFields) {
   });
 }
 
-bool FrameProxy::isKeyField(const std::string& str) {
+bool FrameProxy::isKeyField(std::string_view str) {
   Procedure proc{this, procedureName<"FrameProxy.isKeyField">(), {arg("str", str)}};
   return proc.run<bool>([&](bool& result) {
     proc.step([&] {

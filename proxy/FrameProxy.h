@@ -79,10 +79,12 @@ class FrameProxy : public Object, public Dumpable {
  private:
   void initControls(const std::shared_ptr<Object>& controls);
   bool convertToBool(const std::string& value);
-  bool isKeyField(const std::string& str);
+  bool isKeyField(std::string_view str);
   ReferenceFrame& frameOperations() const;
 
   std::shared_ptr<Widget> mFrame;
+  // mFrame seen through the frame contract, looked up once with mFrame.
+  ReferenceFrame* mFrameOperations = nullptr;
   DepWidgetToggler::Controls mControls;
   std::vector<int16_t> mSynchronizableControlIndices;
   std::shared_ptr<Dictionary> mKeyToInternalIndex;

@@ -16,26 +16,39 @@ const std::shared_ptr<Widget>& ControlCollection::Item(int32_t index) const {
   return mWidgets[static_cast<size_t>(index)];
 }
 
+const std::vector<std::shared_ptr<Widget>>* ControlCollection::named(std::string_view name) const {
+  auto found = mByName.find(name);
+  return found == mByName.end() ? nullptr : &found->second;
+}
+
+const std::vector<std::shared_ptr<Widget>>& ControlCollection::members(
+    std::string_view name) const {
+  static const std::vector<std::shared_ptr<Widget>> none;
+  const auto* found = named(name);
+  return found != nullptr ? *found : none;
+}
+
 const std::shared_ptr<Widget>& ControlCollection::Item(std::string_view name) const {
-  for (const auto& widget : mWidgets) {
-    if (widget->Name() == name)
-      return widget;
-  }
+  if (const auto* members = named(name))
+    return members->front();
   throw RuntimeError(kInvalidProcedureCall);
 }
 
 const std::shared_ptr<Widget>& ControlCollection::Item(std::string_view name, int16_t index) const {
-  for (const auto& widget : mWidgets) {
-    if (widget->Name() == name && widget->mIndex == index)
-      return widget;
+  if (const auto* members = named(name)) {
+    for (const auto& widget : *members) {
+      if (widget->mIndex == index)
+        return widget;
+    }
   }
   throw RuntimeError(kInvalidProcedureCall);
 }
 
 std::shared_ptr<Widget> ControlCollection::find(std::string_view name, int16_t index) const {
-  for (const auto& widget : mWidgets) {
-    if (widget->Name() == name && (index == Widget::kNoIndex || widget->mIndex == index)) {
-      return widget;
+  if (const auto* members = named(name)) {
+    for (const auto& widget : *members) {
+      if (index == Widget::kNoIndex || widget->mIndex == index)
+        return widget;
     }
   }
   return nullptr;
@@ -44,11 +57,12 @@ std::shared_ptr<Widget> ControlCollection::find(std::string_view name, int16_t i
 void ControlCollection::adopt(const std::shared_ptr<Widget>& widget, const std::string& name,
                               int16_t index, Widget* container) {
   // A name is either one widget or one control array, never both.
-  for (const auto& other : mWidgets) {
-    if (other->Name() != name)
-      continue;
-    if (index == Widget::kNoIndex || other->mIndex == Widget::kNoIndex || other->mIndex == index) {
-      throw RuntimeError(kKeyAlreadyExists);
+  if (const auto* members = named(name)) {
+    for (const auto& other : *members) {
+      if (index == Widget::kNoIndex || other->mIndex == Widget::kNoIndex ||
+          other->mIndex == index) {
+        throw RuntimeError(kKeyAlreadyExists);
+      }
     }
   }
   widget->mName = name;
@@ -56,6 +70,7 @@ void ControlCollection::adopt(const std::shared_ptr<Widget>& widget, const std::
   widget->mParent = mOwner;
   widget->mContainer = container;
   mWidgets.push_back(widget);
+  mByName[name].push_back(widget);
   mOwner->notify(WidgetProperty::Controls);
 }
 
@@ -93,9 +108,18 @@ void ControlCollection::Remove(const std::string& name) {
     if (auto control = std::dynamic_pointer_cast<UserControl>(widget))
       control->terminate();
   }
-  std::erase_if(mWidgets, [&](const std::shared_ptr<Widget>& widget) {
+  const auto isLeaving = [&](const std::shared_ptr<Widget>& widget) {
     return std::find(leaving.begin(), leaving.end(), widget) != leaving.end();
-  });
+  };
+  std::erase_if(mWidgets, isLeaving);
+  for (const auto& widget : leaving) {
+    auto members = mByName.find(widget->Name());
+    if (members == mByName.end())
+      continue;
+    std::erase_if(members->second, isLeaving);
+    if (members->second.empty())
+      mByName.erase(members);
+  }
   for (const auto& widget : leaving) {
     widget->mParent = nullptr;
     widget->mContainer = nullptr;
@@ -107,6 +131,7 @@ void ControlCollection::Remove(const std::string& name) {
 void ControlCollection::detachAll() {
   auto widgets = std::move(mWidgets);
   mWidgets.clear();
+  mByName.clear();
   for (const auto& widget : widgets) {
     widget->mParent = nullptr;
     widget->mContainer = nullptr;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/Object.h"
@@ -31,6 +32,8 @@ class ControlCollection : public Object {
   // The single widget of that name, or the first member of that array.
   const std::shared_ptr<Widget>& Item(std::string_view name) const;
   const std::shared_ptr<Widget>& Item(std::string_view name, int16_t index) const;
+  // The widgets of one name in creation order; empty when there is none.
+  const std::vector<std::shared_ptr<Widget>>& members(std::string_view name) const;
   // Like Item, but nothing instead of a failure.
   std::shared_ptr<Widget> find(std::string_view name, int16_t index = Widget::kNoIndex) const;
 
@@ -53,8 +56,19 @@ class ControlCollection : public Object {
   // Lets go of every widget, clearing their back references.
   void detachAll();
 
+  // The members of each name, in creation order: frames look their widgets
+  // up by name on every keystroke.
+  struct NameHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view name) const { return std::hash<std::string_view>{}(name); }
+  };
+  using ByName = std::unordered_map<std::string, std::vector<std::shared_ptr<Widget>>, NameHash,
+                                    std::equal_to<>>;
+  const std::vector<std::shared_ptr<Widget>>* named(std::string_view name) const;
+
   UserControl* mOwner;
   std::vector<std::shared_ptr<Widget>> mWidgets;
+  ByName mByName;
 };
 
 }  // namespace kelmora

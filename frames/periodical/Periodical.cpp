@@ -21,7 +21,7 @@ namespace kelmora {
 
 namespace {
 
-std::string keyOf(const std::shared_ptr<Object>& widget) {
+std::string_view keyOf(const std::shared_ptr<Object>& widget) {
   return CommonFormProcessingFunctions::GetTag(widget, false);
 }
 
@@ -518,7 +518,7 @@ void Periodical::TextBox_Change(int16_t Index) {
     std::shared_ptr<Object> secondControl;
     std::string secondaryText;
     bool suppressShowSubform = false;
-    std::string key;
+    std::string_view key;
     proc.local("secondControl", secondControl);
     proc.local("secondaryText", secondaryText);
     proc.local("suppressShowSubform", suppressShowSubform);
@@ -566,7 +566,7 @@ void Periodical::TextBox_Change(int16_t Index) {
 void Periodical::TextBox_LostFocus(int16_t Index) {
   Procedure proc{this, procedureName<"Periodical.TextBox_LostFocus">(), {arg("Index", Index)}};
   proc.run([&] {
-    std::string key;
+    std::string_view key;
     proc.local("key", key);
     // Focus can leave a field with nothing active on the frame, as while
     // the frame comes down.
@@ -1086,18 +1086,13 @@ std::shared_ptr<Label> Periodical::comboLabel(int16_t Index) const {
 }
 
 int16_t Periodical::arrayCount(const char* array) const {
-  int16_t count = 0;
-  for (const auto& widget : Controls()) {
-    if (widget->Name() == array)
-      ++count;
-  }
-  return count;
+  return static_cast<int16_t>(Controls().members(array).size());
 }
 
 int16_t Periodical::arrayUBound(const char* array) const {
   int16_t upper = -1;
-  for (const auto& widget : Controls()) {
-    if (widget->Name() == array && widget->Index() > upper)
+  for (const auto& widget : Controls().members(array)) {
+    if (widget->Index() > upper)
       upper = widget->Index();
   }
   return upper;

@@ -109,7 +109,7 @@ TEST(CommonFormProcessingFunctionsTest, TextHelperOperationsCompareExactText) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
-    std::string before = row.text, strict = row.text, after = row.text;
+    std::string_view before = row.text, strict = row.text, after = row.text;
     helper.KeepBeforeSeparator(before, ",", true);
     helper.KeepBeforeSeparator(strict, ",", false);
     helper.KeepAfterSeparator(after, ",");
