@@ -7,15 +7,14 @@
 
 namespace kelmora {
 
-std::string_view CommonFormProcessingFunctions::GetTag(const std::shared_ptr<Object>& ctrl,
-                                                       bool tagType) {
+std::string_view CommonFormProcessingFunctions::GetTag(const Object* ctrl, bool tagType) {
   Procedure proc{procedureName<"CommonFormProcessingFunctions.GetTag">(),
                  {arg("ctrl", ctrl), arg("tagType", tagType)}};
   return proc.run<std::string_view>([&](std::string_view& result) {
     if (!ctrl)
       return;
     proc.step([&] {
-      const auto* widget = dynamic_cast<const Widget*>(ctrl.get());
+      const auto* widget = dynamic_cast<const Widget*>(ctrl);
       if (widget == nullptr)
         throw RuntimeError(kMemberNotSupported);
       result = widget->Tag();

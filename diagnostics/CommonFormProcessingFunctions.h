@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "platform/Object.h"
 
@@ -18,7 +19,15 @@ class CommonFormProcessingFunctions {
   // widget's tag; the empty string for nothing. An object without a tag
   // fails inside and takes the failure path. The result views the widget's
   // tag: use it before the tag changes, or copy it.
-  static std::string_view GetTag(const std::shared_ptr<Object>& ctrl, bool tagType);
+  static std::string_view GetTag(const Object* ctrl, bool tagType);
+  static std::string_view GetTag(const std::shared_ptr<Object>& ctrl, bool tagType) {
+    return GetTag(ctrl.get(), tagType);
+  }
+  template <typename T>
+  requires std::is_base_of_v<Object, T>
+  static std::string_view GetTag(const std::shared_ptr<T>& ctrl, bool tagType) {
+    return GetTag(static_cast<const Object*>(ctrl.get()), tagType);
+  }
   // Returns obj. It reads the tag but compares it with nothing: verifyTag
   // only documents at the call which key the caller expects.
   static std::shared_ptr<Object> getWidgetWithTag(const std::shared_ptr<Object>& obj,

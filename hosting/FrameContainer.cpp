@@ -297,6 +297,12 @@ void FrameContainer::widgetChangeHandler(std::shared_ptr<Widget> theControl, Wid
     // On the keystroke path nothing is reported: a failing step leaves its
     // locals at 0 or False and the host still hears of the change.
     proc.goOnPastFailures();
+    // An empty value is filled from the widget: lend it the container's
+    // buffer, so that a keystroke allocates nothing once the buffer has
+    // grown. A nested change finds the buffer lent out and uses its own.
+    const bool borrowed = change.value.empty();
+    if (borrowed)
+      change.value.swap(mValueBuffer);
     proc.step([&] { mLastActiveCtrlPtr = activeCtrlPtr(theControl); });
     proc.step([&] {
       isKeyField = Late::object(frameControls(mCurrentFrame))
@@ -308,6 +314,10 @@ void FrameContainer::widgetChangeHandler(std::shared_ptr<Widget> theControl, Wid
           isKeyField, Index, change.value, control, change.theSecondControl, change.secondaryText,
           change.suppressShowSubform || forceSuppress, change.toggleSecondIndex);
     });
+    if (borrowed) {
+      mValueBuffer.swap(change.value);
+      mValueBuffer.clear();
+    }
   });
 }
 

@@ -102,6 +102,7 @@ class FrameContainer : public UserControl, public FrameParent, public Dumpable {
   std::array<std::shared_ptr<FrameProxy>, 5> mFrames;
   std::shared_ptr<Main2> mController;
   std::array<Variant, 5> sModelNames;
+  std::string mValueBuffer;
 };
 
 }  // namespace kelmora

@@ -278,7 +278,7 @@ bool FrameProxy::widgetChangeHandler(const std::shared_ptr<Widget>& theControl, 
       const std::string className = kelmora::TypeName(theControl.get());
       if (className == "TextBox") {
         if (value.empty())
-          value = Late::as<TextBox>(theControl).Text();
+          theControl->defaultText(value);
         theControl->ToolTipText(value.empty() ? Arrays::at(mTooltips, Index) : value);
       } else if (className == "ComboBox") {
         if (value.empty())

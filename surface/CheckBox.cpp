@@ -4,8 +4,8 @@
 
 namespace kelmora {
 
-void CheckBox::Caption(std::string value) {
-  assign(mCaption, std::move(value), WidgetProperty::Caption);
+void CheckBox::Caption(std::string_view value) {
+  assign(mCaption, value, WidgetProperty::Caption);
 }
 
 void CheckBox::Value(int16_t value) {

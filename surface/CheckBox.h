@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/Variant.h"
 #include "surface/Widget.h"
@@ -21,7 +22,7 @@ class CheckBox : public Widget {
   bool takesFocus() const override { return true; }
 
   const std::string& Caption() const { return mCaption; }
-  void Caption(std::string value);
+  void Caption(std::string_view value);
   int16_t Value() const { return mValue; }
   // Anything but 0, 1 and 2 fails with 380.
   void Value(int16_t value);

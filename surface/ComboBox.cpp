@@ -13,7 +13,7 @@ void ComboBox::Style(int16_t value) {
   assign(mStyle, value, WidgetProperty::Style);
 }
 
-void ComboBox::Text(std::string value) {
+void ComboBox::Text(std::string_view value) {
   const auto found = std::find(mItems.begin(), mItems.end(), value);
   const auto index =
       found == mItems.end() ? int16_t{-1} : static_cast<int16_t>(found - mItems.begin());
@@ -23,7 +23,7 @@ void ComboBox::Text(std::string value) {
     ListIndex(index);
     return;
   }
-  if (!assign(mText, std::move(value), WidgetProperty::Text))
+  if (!assign(mText, value, WidgetProperty::Text))
     return;
   assign(mListIndex, index, WidgetProperty::ListIndex);
   raiseChange();

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/Variant.h"
@@ -21,6 +22,7 @@ class ComboBox : public Widget {
 
   std::string ClassName() const override { return "ComboBox"; }
   Variant DefaultValue() const override { return Variant(mText); }
+  void defaultText(std::string& out) const override { out.assign(mText); }
   bool takesFocus() const override { return true; }
 
   int16_t Style() const { return mStyle; }
@@ -31,7 +33,7 @@ class ComboBox : public Widget {
   // On a list-only combo a text that no entry has fails with 380. On a
   // drop-down combo the text is free: it raises Change, and ListIndex
   // follows silently to the entry with that text, or -1.
-  void Text(std::string value);
+  void Text(std::string_view value);
 
   // An index outside the list fails with 381.
   const std::string& List(int16_t index) const;

@@ -4,8 +4,8 @@
 
 namespace kelmora {
 
-void Frame::Caption(std::string value) {
-  assign(mCaption, std::move(value), WidgetProperty::Caption);
+void Frame::Caption(std::string_view value) {
+  assign(mCaption, value, WidgetProperty::Caption);
 }
 
 void Frame::BorderStyle(int16_t value) {

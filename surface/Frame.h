@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/Variant.h"
 #include "surface/Widget.h"
@@ -20,7 +21,7 @@ class Frame : public Widget {
   Variant DefaultValue() const override { return Variant(mCaption); }
 
   const std::string& Caption() const { return mCaption; }
-  void Caption(std::string value);
+  void Caption(std::string_view value);
   int16_t BorderStyle() const { return mBorderStyle; }
   // Anything but the two styles fails with 380.
   void BorderStyle(int16_t value);

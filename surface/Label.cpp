@@ -4,8 +4,8 @@
 
 namespace kelmora {
 
-void Label::Caption(std::string value) {
-  if (assign(mCaption, std::move(value), WidgetProperty::Caption))
+void Label::Caption(std::string_view value) {
+  if (assign(mCaption, value, WidgetProperty::Caption))
     raiseChange();
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/Variant.h"
 #include "surface/Widget.h"
@@ -19,10 +20,11 @@ class Label : public Widget {
 
   std::string ClassName() const override { return "Label"; }
   Variant DefaultValue() const override { return Variant(mCaption); }
+  void defaultText(std::string& out) const override { out.assign(mCaption); }
   bool isWindowless() const override { return true; }
 
   const std::string& Caption() const { return mCaption; }
-  void Caption(std::string value);
+  void Caption(std::string_view value);
   int16_t Alignment() const { return mAlignment; }
   // Anything but the three alignments fails with 380.
   void Alignment(int16_t value);

@@ -4,8 +4,8 @@
 
 namespace kelmora {
 
-void OptionButton::Caption(std::string value) {
-  assign(mCaption, std::move(value), WidgetProperty::Caption);
+void OptionButton::Caption(std::string_view value) {
+  assign(mCaption, value, WidgetProperty::Caption);
 }
 
 void OptionButton::Value(bool value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/Variant.h"
 #include "surface/Widget.h"
@@ -17,7 +18,7 @@ class OptionButton : public Widget {
   bool takesFocus() const override { return true; }
 
   const std::string& Caption() const { return mCaption; }
-  void Caption(std::string value);
+  void Caption(std::string_view value);
   bool Value() const { return mValue; }
   void Value(bool value);
 

@@ -2,8 +2,8 @@
 
 namespace kelmora {
 
-void TextBox::Text(std::string value) {
-  if (assign(mText, std::move(value), WidgetProperty::Text))
+void TextBox::Text(std::string_view value) {
+  if (assign(mText, value, WidgetProperty::Text))
     raiseChange();
 }
 

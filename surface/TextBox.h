@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/Variant.h"
 #include "surface/Widget.h"
@@ -13,10 +14,11 @@ class TextBox : public Widget {
  public:
   std::string ClassName() const override { return "TextBox"; }
   Variant DefaultValue() const override { return Variant(mText); }
+  void defaultText(std::string& out) const override { out.assign(mText); }
   bool takesFocus() const override { return true; }
 
   const std::string& Text() const { return mText; }
-  void Text(std::string value);
+  void Text(std::string_view value);
 
  private:
   std::string mText;

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 #include "platform/RuntimeError.h"
 #include "surface/ControlCollection.h"
@@ -71,6 +72,10 @@ class UserControl : public Widget, public WidgetEvents {
   template <typename T>
   std::shared_ptr<T> widget(std::string_view name, int16_t index = kNoIndex) const {
     const auto& found = index == kNoIndex ? mControls->Item(name) : mControls->Item(name, index);
+    // Frames look their widgets up on every keystroke; the exact class is
+    // the usual case and needs no search of the class tree.
+    if (typeid(*found) == typeid(T))
+      return std::static_pointer_cast<T>(found);
     auto typed = std::dynamic_pointer_cast<T>(found);
     if (!typed)
       throw RuntimeError(kTypeMismatch);

@@ -1,5 +1,7 @@
 #include "surface/Widget.h"
 
+#include "platform/Variant.h"
+
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
@@ -8,6 +10,10 @@
 #include "surface/UserControl.h"
 
 namespace kelmora {
+
+void Widget::defaultText(std::string& out) const {
+  out = DefaultValue().toString();
+}
 
 int16_t Widget::Index() const {
   if (!IsArrayMember())
@@ -40,12 +46,12 @@ void Widget::Visible(bool value) {
 void Widget::Enabled(bool value) {
   assign(mEnabled, value, WidgetProperty::Enabled);
 }
-void Widget::Tag(std::string value) {
-  assign(mTag, std::move(value), WidgetProperty::Tag);
+void Widget::Tag(std::string_view value) {
+  assign(mTag, value, WidgetProperty::Tag);
 }
 
-void Widget::ToolTipText(std::string value) {
-  assign(mToolTipText, std::move(value), WidgetProperty::ToolTipText);
+void Widget::ToolTipText(std::string_view value) {
+  assign(mToolTipText, value, WidgetProperty::ToolTipText);
 }
 
 void Widget::ForeColor(Color value) {

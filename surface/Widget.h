@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/Object.h"
@@ -49,6 +50,10 @@ class Widget : public Object, public std::enable_shared_from_this<Widget> {
   virtual std::string ClassName() const = 0;
   std::string TypeName() const override { return ClassName(); }
 
+  // The default property as text, written into `out` so that a caller that
+  // keeps its buffer allocates nothing.
+  virtual void defaultText(std::string& out) const;
+
   const std::string& Name() const { return mName; }
   bool IsArrayMember() const { return mIndex != kNoIndex; }
   // A single widget has no Index: reading it fails with 438.
@@ -71,9 +76,9 @@ class Widget : public Object, public std::enable_shared_from_this<Widget> {
   void Enabled(bool value);
 
   const std::string& Tag() const { return mTag; }
-  void Tag(std::string value);
+  void Tag(std::string_view value);
   const std::string& ToolTipText() const { return mToolTipText; }
-  void ToolTipText(std::string value);
+  void ToolTipText(std::string_view value);
   Color ForeColor() const { return mForeColor; }
   void ForeColor(Color value);
   Color BackColor() const { return mBackColor; }
@@ -121,6 +126,16 @@ class Widget : public Object, public std::enable_shared_from_this<Widget> {
     if (field == value)
       return false;
     field = std::move(value);
+    notify(property);
+    return true;
+  }
+  // Texts are copied into the buffer the widget already has, so that a
+  // widget that is typed into or recaptioned again and again allocates
+  // nothing once its text has grown to size.
+  bool assign(std::string& field, std::string_view value, WidgetProperty property) {
+    if (field == value)
+      return false;
+    field.assign(value.data(), value.size());
     notify(property);
     return true;
   }

@@ -431,7 +431,11 @@ bool DepWidgetToggler::shouldEnableWidgetsImpl(const Condition& condition, const
                  {arg("command", condition.text), arg("enable", enable)}};
   return proc.run<bool>([&](bool& result) {
     std::string residue;
-    std::string value;
+    // The widget's value goes into the table's own buffer: this runs on
+    // every keystroke, and reading a value raises no event that could come
+    // back here.
+    std::string& value = mValue;
+    value.clear();
     proc.local("residue", residue);
     proc.local("value", value);
     proc.step([&] {
@@ -442,7 +446,7 @@ bool DepWidgetToggler::shouldEnableWidgetsImpl(const Condition& condition, const
       residue = condition.residue;
     });
     const auto valueOfWidget = [&] {
-      value = widgetAt(controls, condition.index, condition.indexError).DefaultValue().toString();
+      widgetAt(controls, condition.index, condition.indexError).defaultText(value);
     };
     if (condition.equals) {
       proc.step([&] {

@@ -138,6 +138,7 @@ class DepWidgetToggler : public Object, public Dumpable {
   static Widget& widgetAt(const Controls& controls, int16_t index, int32_t indexError);
 
   std::unique_ptr<ToggleData> mToggleData;
+  std::string mValue;
 };
 
 }  // namespace kelmora
