@@ -1,0 +1,90 @@
+#include "host/ToolHostForm.h"
+
+#include "platform/RuntimeError.h"
+#include "surface/ControlRegistry.h"
+
+namespace kelmora::tools {
+
+// Shared by the form and each controls object it hands out, so that neither
+// outlives the list it works on.
+struct ToolHostForm::Placed {
+  std::vector<std::shared_ptr<UserControl>> controls;
+};
+
+namespace {
+
+class Wrapper : public ControlWrapper {
+ public:
+  explicit Wrapper(std::shared_ptr<UserControl> control) : mControl(std::move(control)) {}
+  std::shared_ptr<::kelmora::Object> Object() override { return mControl; }
+
+ private:
+  std::shared_ptr<UserControl> mControl;
+};
+
+class Controls : public HostControls {
+ public:
+  explicit Controls(std::shared_ptr<ToolHostForm::Placed> placed) : mPlaced(std::move(placed)) {}
+
+  std::shared_ptr<ControlWrapper> Add(const std::string& identifier,
+                                      const std::string& name) override {
+    for (const auto& control : mPlaced->controls) {
+      if (control->Name() == name)
+        throw RuntimeError(kKeyAlreadyExists);
+    }
+    auto control = ControlRegistry::Create(identifier);
+    control->Visible(false);
+    control->standAlone(name);
+    mPlaced->controls.push_back(control);
+    return std::make_shared<Wrapper>(control);
+  }
+
+ private:
+  std::shared_ptr<ToolHostForm::Placed> mPlaced;
+};
+
+}  // namespace
+
+ToolHostForm::ToolHostForm() : mPlaced(std::make_shared<Placed>()) {}
+
+ToolHostForm::~ToolHostForm() {
+  // ToolHost ends the controls itself and reports what fails; this is the
+  // last resort for a form dropped early, and a destructor has nobody to
+  // hand a failure to.
+  try {
+    unload();
+  } catch (const RuntimeError&) {
+    mPlaced->controls.clear();
+  }
+}
+
+std::shared_ptr<HostControls> ToolHostForm::controls() {
+  return std::make_shared<Controls>(mPlaced);
+}
+
+const std::vector<std::shared_ptr<UserControl>>& ToolHostForm::placed() const {
+  return mPlaced->controls;
+}
+
+bool ToolHostForm::remove(const std::string& name) {
+  auto& controls = mPlaced->controls;
+  for (auto it = controls.begin(); it != controls.end(); ++it) {
+    if ((*it)->Name() != name)
+      continue;
+    auto control = *it;
+    controls.erase(it);
+    control->terminate();
+    return true;
+  }
+  return false;
+}
+
+void ToolHostForm::unload() {
+  while (!mPlaced->controls.empty()) {
+    auto control = mPlaced->controls.back();
+    mPlaced->controls.pop_back();
+    control->terminate();
+  }
+}
+
+}  // namespace kelmora::tools
