@@ -51,8 +51,9 @@ int16_t referenceType(const std::string& text) {
 }
 
 Json readJsonFile(const std::string& path, const char* what) {
+  std::error_code error;
   std::ifstream in(path);
-  if (!std::filesystem::is_regular_file(path) || !in)
+  if (!std::filesystem::is_regular_file(path, error) || !in)
     throw BadInput(std::string("cannot read ") + what + " '" + path + "'");
   Json document = Json::parse(in, nullptr, false);
   if (document.is_discarded())

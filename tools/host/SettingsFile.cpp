@@ -115,8 +115,9 @@ SettingsFile::SettingsFile(Json members, const std::string& origin) : mMembers(s
 }
 
 std::shared_ptr<SettingsFile> SettingsFile::load(const std::filesystem::path& path) {
+  std::error_code error;
   std::ifstream in(path);
-  if (!in)
+  if (!std::filesystem::is_regular_file(path, error) || !in)
     throw BadInput("cannot read format settings file '" + path.string() + "'");
   Json members = Json::parse(in, nullptr, false);
   if (members.is_discarded())

@@ -341,8 +341,9 @@ Scenario Scenario::fromText(std::string_view text, const std::string& origin,
 }
 
 Scenario Scenario::load(const std::filesystem::path& path) {
+  std::error_code error;
   std::ifstream in(path);
-  if (!in)
+  if (!std::filesystem::is_regular_file(path, error) || !in)
     throw BadInput("cannot read scenario '" + path.string() + "'");
   std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   if (in.bad())
