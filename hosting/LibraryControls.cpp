@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "frames/periodical/Periodical.h"
 #include "hosting/FrameContainer.h"
 #include "surface/ControlRegistry.h"
 
@@ -13,6 +14,9 @@ void LibraryControls::Register() {
     ControlRegistry::Register(
         ControlRegistry::kFrameContainer,
         []() -> std::shared_ptr<UserControl> { return std::make_shared<FrameContainer>(); });
+    ControlRegistry::Register(ControlRegistry::kPeriodical, []() -> std::shared_ptr<UserControl> {
+      return std::make_shared<Periodical>();
+    });
   });
 }
 

@@ -11,19 +11,22 @@ class Object;
 class Widget;
 
 // The optional arguments of a field change, named as a frame passes them:
-//   parent.widgetChangeHandler(field, {.value = caption, .toggleSecondIndex = 3});
+//   parent.widgetChangeHandler(field, {.toggleSecondIndex = 3, .value = caption});
+//
+// Every member has a default initializer, so that a call may name any
+// subset of them without tripping -Wmissing-field-initializers.
 struct WidgetChange {
-  std::shared_ptr<Object> theSecondControl;
+  std::shared_ptr<Object> theSecondControl{};
   bool suppressShowSubform = false;
   int16_t toggleSecondIndex = -1;
-  std::string value;
-  std::string secondaryText;
+  std::string value{};
+  std::string secondaryText{};
 };
 
 // The optional arguments of a mouse move: none at all for the form's own
 // surface, a Frame widget or an option button.
 struct MouseMoveOver {
-  std::shared_ptr<Widget> field;
+  std::shared_ptr<Widget> field{};
   bool isNewspaperSection = false;
 };
 

@@ -8,8 +8,8 @@
 #include "hosting/Main2.h"
 #include "support/RecordingHostCallback.h"
 #include "support/RecordingTracingService.h"
-#include "support/TestHostForm.h"
 #include "surface/ControlWrapper.h"
+#include "surface/HeadlessHostForm.h"
 
 namespace kelmora::testing {
 
@@ -20,7 +20,7 @@ namespace kelmora::testing {
 struct ContainerHost {
   ScopedBridge bridge;
   std::shared_ptr<Main2> main = std::make_shared<Main2>();
-  std::shared_ptr<TestHostForm> form = std::make_shared<TestHostForm>();
+  std::shared_ptr<HeadlessHostForm> form = std::make_shared<HeadlessHostForm>();
   std::shared_ptr<FrameContainer> container = build("Container");
   std::shared_ptr<RecordingHostCallback> callback = std::make_shared<RecordingHostCallback>();
 

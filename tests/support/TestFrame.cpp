@@ -1,5 +1,6 @@
 #include "support/TestFrame.h"
 
+#include "hosting/LibraryControls.h"
 #include "model/EsourceCatalogue.h"
 #include "model/NonPeriodicalCatalogue.h"
 #include "model/PeriodicalCatalogue.h"
@@ -68,6 +69,9 @@ std::vector<std::pair<std::string, std::string>>& TestFrame::rules() {
 }
 
 void TestFrame::registerForAllTypes() {
+  // The library registers its own controls once per process, on the first
+  // Main2; doing that first keeps it from replacing the test frames later.
+  LibraryControls::Register();
   ControlRegistry::Register(ControlRegistry::kNonPeriodical, []() -> std::shared_ptr<UserControl> {
     return std::make_shared<TestFrame>(NonPeriodicalCatalogue::kCatalogue);
   });

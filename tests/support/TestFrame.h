@@ -35,7 +35,7 @@ class TestFrame : public UserControl, public ReferenceFrame {
   // {enableKey, dependentWidgets}, for all frames of this thread.
   static std::vector<std::pair<std::string, std::string>>& rules();
   // Registers frames made from the three real catalogues under the
-  // library's identifiers of the three frames.
+  // library's identifiers of the three frames, in place of the real ones.
   static void registerForAllTypes();
 
   // The widget registered under `key`.

@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "diagnostics/Procedure.h"
+#include "support/ErrorOf.h"
 #include "support/FreshThread.h"
 #include "support/RecordingHostCallback.h"
 #include "support/RecordingTracingService.h"
 #include "support/SettingsBuilder.h"
-#include "support/TestHostForm.h"
+#include "surface/HeadlessHostForm.h"
 #include "surface/ControlRegistry.h"
 #include "surface/DataObject.h"
 #include "surface/HostCallback.h"
@@ -21,16 +22,8 @@ using testing::onFreshThread;
 using testing::RecordingHostCallback;
 using testing::ScopedBridge;
 using testing::SettingsBuilder;
-using testing::TestHostForm;
 
-int32_t failureOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
+using testing::errorOf;
 
 TEST(HostContractTest, EveryMemberAHostLeavesOutFailsWith438) {
   HostCallback callback;
@@ -68,7 +61,7 @@ TEST(HostContractTest, EveryMemberAHostLeavesOutFailsWith438) {
       {"GetData", [&] { data.GetData(DataObject::kText); }},
   };
   for (const auto& [member, call] : members) {
-    EXPECT_EQ(failureOf(call), kMemberNotSupported) << member;
+    EXPECT_EQ(errorOf(call), kMemberNotSupported) << member;
   }
 }
 
@@ -87,8 +80,8 @@ TEST(HostContractTest, SettingsBuilderOffersWhatItWasGivenAndLacksWhatItWasDenie
   EXPECT_EQ(settings->tooltipTextJournal(), "Journal date");
   std::string url = "http://example.org";
   EXPECT_TRUE(settings->outputTemplates(13)->isURL(url));
-  EXPECT_EQ(failureOf([&] { settings->outputTemplates(12); }), kSubscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { settings->esourceType(); }), kMemberNotSupported);
+  EXPECT_EQ(errorOf([&] { settings->outputTemplates(12); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorOf([&] { settings->esourceType(); }), kMemberNotSupported);
 }
 
 // A library procedure that reports to the host, as the container will.
@@ -156,13 +149,13 @@ TEST(HostContractTest, TheHostFormPlantsControlsByIdentifierAndEndsThemLastFirst
     return std::static_pointer_cast<UserControl>(std::make_shared<Probe>());
   });
   {
-    TestHostForm form;
+    HeadlessHostForm form;
     auto controls = form.controls();
     auto first = controls->Add("KelmoraTest.Probe", "First")->Object();
     controls->Add("KelmoraTest.Probe", "Second");
     EXPECT_EQ(TypeName(first), "Probe");
     EXPECT_FALSE(std::static_pointer_cast<UserControl>(first)->Visible());
-    EXPECT_EQ(failureOf([&] { controls->Add("Kelmora.Unknown", "Third"); }), kCannotCreateObject);
+    EXPECT_EQ(errorOf([&] { controls->Add("Kelmora.Unknown", "Third"); }), kCannotCreateObject);
     EXPECT_EQ(TypeName(std::shared_ptr<Object>()), "Nothing");
   }
   ControlRegistry::Unregister("KelmoraTest.Probe");

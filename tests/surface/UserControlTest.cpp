@@ -4,6 +4,7 @@
 #include "TestForm.h"
 #include "platform/OpenForms.h"
 #include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "surface/ControlRegistry.h"
 #include "surface/Focus.h"
 #include "surface/OptionButton.h"
@@ -30,14 +31,7 @@ std::shared_ptr<UserControl> makeSpy() {
   return spy;
 }
 
-int32_t failureOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
+using testing::errorOf;
 
 class UserControlTest : public ::testing::Test {
  protected:
@@ -76,11 +70,11 @@ TEST_F(UserControlTest, TheCollectionKeepsTableOrderAndFailsLikeTheRunTime) {
   for (int32_t i = 0; i < controls.Count(); ++i) {
     EXPECT_EQ(controls.Item(i)->Tag(), kTestForm[static_cast<size_t>(i)].tag);
   }
-  EXPECT_EQ(failureOf([&] { controls.Item(controls.Count()); }), kSubscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { controls.Item("Nope"); }), kInvalidProcedureCall);
-  EXPECT_EQ(failureOf([&] { form->add<TextBox>("TextBox", 0); }), kKeyAlreadyExists);
-  EXPECT_EQ(failureOf([&] { form->add<TextBox>("TextBox"); }), kKeyAlreadyExists);
-  EXPECT_EQ(failureOf([&] { form->widget<TextBox>("ComboLabel", 0); }), kTypeMismatch);
+  EXPECT_EQ(errorOf([&] { controls.Item(controls.Count()); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorOf([&] { controls.Item("Nope"); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorOf([&] { form->add<TextBox>("TextBox", 0); }), kKeyAlreadyExists);
+  EXPECT_EQ(errorOf([&] { form->add<TextBox>("TextBox"); }), kKeyAlreadyExists);
+  EXPECT_EQ(errorOf([&] { form->widget<TextBox>("ComboLabel", 0); }), kTypeMismatch);
   EXPECT_EQ(text(0)->Parent(), form.get());
   EXPECT_EQ(text(8)->Parent(), form.get()) << "Parent is the user control, not the Frame";
 }
@@ -89,9 +83,9 @@ TEST_F(UserControlTest, VisibleReadsTheOwnFlagInsideAHiddenFrame) {
   form->widget<Frame>("AdvancedFieldsFrame")->Visible(false);
   EXPECT_TRUE(text(8)->Visible());
   EXPECT_FALSE(text(8)->isShowing());
-  EXPECT_EQ(failureOf([&] { text(8)->SetFocus(); }), kInvalidProcedureCall);
-  EXPECT_EQ(failureOf([&] { text(9)->SetFocus(); }), kInvalidProcedureCall);
-  EXPECT_EQ(failureOf([&] { form->widget<Label>("ComboLabel", 0)->SetFocus(); }),
+  EXPECT_EQ(errorOf([&] { text(8)->SetFocus(); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorOf([&] { text(9)->SetFocus(); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorOf([&] { form->widget<Label>("ComboLabel", 0)->SetFocus(); }),
             kMemberNotSupported);
   EXPECT_FALSE(Focus::current());
 }
@@ -143,12 +137,12 @@ TEST_F(UserControlTest, SetFocusOnAUserControlPicksTheFirstWidgetInTabOrder) {
 }
 
 TEST_F(UserControlTest, AddCreatesByIdentifierHiddenAndListedAmongOpenForms) {
-  EXPECT_EQ(failureOf([&] { form->Controls().Add("Kelmora.Nothing", "X"); }), kCannotCreateObject);
+  EXPECT_EQ(errorOf([&] { form->Controls().Add("Kelmora.Nothing", "X"); }), kCannotCreateObject);
   auto added = form->Controls().Add(kSpyIdentifier, "Probe");
   EXPECT_EQ(added->ClassName(), "Spy");
   EXPECT_FALSE(added->Visible());
   EXPECT_EQ(added->Parent(), form.get());
-  EXPECT_EQ(failureOf([&] { form->Controls().Add(kSpyIdentifier, "Probe"); }), kKeyAlreadyExists);
+  EXPECT_EQ(errorOf([&] { form->Controls().Add(kSpyIdentifier, "Probe"); }), kKeyAlreadyExists);
   auto listed = [](const std::string& name) {
     for (const auto& [formName, object] : OpenForms::List()) {
       if (formName == name)

@@ -3,6 +3,7 @@
 #include "SpyControl.h"
 #include "TestForm.h"
 #include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "surface/CheckBox.h"
 #include "surface/OptionButton.h"
 #include "surface/TextBox.h"
@@ -32,14 +33,7 @@ class WidgetTest : public ::testing::Test {
   std::shared_ptr<SpyControl> form;
 };
 
-int32_t failureOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
+using testing::errorOf;
 
 TEST_F(WidgetTest, ChangeRunsDuringTheWriteAndOnlyOnARealChange) {
   auto box = text(0);
@@ -78,15 +72,15 @@ TEST_F(WidgetTest, AListOnlyComboSelectsByTextAndClicksOnlyWhenListIndexChanges)
   list->Text("Abstract");
   list->ListIndex(1);
   EXPECT_EQ(list->ListIndex(), 1);
-  EXPECT_EQ(failureOf([&] { list->Text("abstract"); }), kInvalidPropertyValue);
-  EXPECT_EQ(failureOf([&] { list->ListIndex(3); }), kInvalidPropertyValue);
-  EXPECT_EQ(failureOf([&] { list->List(3); }), kInvalidPropertyArrayIndex);
+  EXPECT_EQ(errorOf([&] { list->Text("abstract"); }), kInvalidPropertyValue);
+  EXPECT_EQ(errorOf([&] { list->ListIndex(3); }), kInvalidPropertyValue);
+  EXPECT_EQ(errorOf([&] { list->List(3); }), kInvalidPropertyArrayIndex);
   list->RemoveItem(0);
   EXPECT_EQ(list->ListIndex(), 0) << "the selection follows its entry";
   EXPECT_EQ(list->Text(), "Abstract");
   list->Clear();
   EXPECT_EQ(list->ListIndex(), -1);
-  EXPECT_EQ(failureOf([&] { list->ListIndex(0); }), kInvalidPropertyValue) << "empty list";
+  EXPECT_EQ(errorOf([&] { list->ListIndex(0); }), kInvalidPropertyValue) << "empty list";
   list->AddItem("Regular");
   list->ListIndex(0);
   EXPECT_EQ(events, (std::vector<std::string>{"Click ComboBox(0)", "Click ComboBox(0)"}));
@@ -106,7 +100,7 @@ TEST_F(WidgetTest, CheckBoxValueIsANumberAndRejectsOthers) {
   auto box = form->widget<CheckBox>("DeprecatedCheckBox", 1);
   box->Value(CheckBox::kGrayed);
   EXPECT_EQ(box->DefaultValue().toString(), "2");
-  EXPECT_EQ(failureOf([&] { box->Value(3); }), kInvalidPropertyValue);
+  EXPECT_EQ(errorOf([&] { box->Value(3); }), kInvalidPropertyValue);
   EXPECT_EQ(box->Value(), CheckBox::kGrayed);
 }
 
@@ -133,12 +127,12 @@ TEST_F(WidgetTest, ClassNamesDefaultValuesAndIndexes) {
     EXPECT_EQ(widget->TypeName(), row.className);
     EXPECT_EQ(widget->DefaultValue().toString(), row.defaultText);
     if (row.index == Widget::kNoIndex) {
-      EXPECT_EQ(failureOf([&] { widget->Index(); }), kMemberNotSupported);
+      EXPECT_EQ(errorOf([&] { widget->Index(); }), kMemberNotSupported);
     } else {
       EXPECT_EQ(widget->Index(), row.index);
     }
   }
-  EXPECT_EQ(failureOf([&] { form->DefaultValue(); }), kMemberNotSupported);
+  EXPECT_EQ(errorOf([&] { form->DefaultValue(); }), kMemberNotSupported);
 }
 
 }  // namespace

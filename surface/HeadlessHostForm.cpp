@@ -1,13 +1,13 @@
-#include "support/TestHostForm.h"
+#include "surface/HeadlessHostForm.h"
 
 #include "platform/RuntimeError.h"
 #include "surface/ControlRegistry.h"
 
-namespace kelmora::testing {
+namespace kelmora {
 
 // Shared by the form and its controls object, so that neither outlives the
 // list it works on.
-struct TestHostForm::Placed {
+struct HeadlessHostForm::Placed {
   std::vector<std::shared_ptr<UserControl>> controls;
 };
 
@@ -24,7 +24,8 @@ class Wrapper : public ControlWrapper {
 
 class Controls : public HostControls {
  public:
-  explicit Controls(std::shared_ptr<TestHostForm::Placed> placed) : mPlaced(std::move(placed)) {}
+  explicit Controls(std::shared_ptr<HeadlessHostForm::Placed> placed)
+      : mPlaced(std::move(placed)) {}
 
   std::shared_ptr<ControlWrapper> Add(const std::string& identifier,
                                       const std::string& name) override {
@@ -40,26 +41,26 @@ class Controls : public HostControls {
   }
 
  private:
-  std::shared_ptr<TestHostForm::Placed> mPlaced;
+  std::shared_ptr<HeadlessHostForm::Placed> mPlaced;
 };
 
 }  // namespace
 
-TestHostForm::TestHostForm() : mPlaced(std::make_shared<Placed>()) {}
+HeadlessHostForm::HeadlessHostForm() : mPlaced(std::make_shared<Placed>()) {}
 
-TestHostForm::~TestHostForm() {
+HeadlessHostForm::~HeadlessHostForm() {
   unload();
 }
 
-std::shared_ptr<HostControls> TestHostForm::controls() {
+std::shared_ptr<HostControls> HeadlessHostForm::controls() {
   return std::make_shared<Controls>(mPlaced);
 }
 
-const std::vector<std::shared_ptr<UserControl>>& TestHostForm::placed() const {
+const std::vector<std::shared_ptr<UserControl>>& HeadlessHostForm::placed() const {
   return mPlaced->controls;
 }
 
-void TestHostForm::remove(const std::string& name) {
+void HeadlessHostForm::remove(const std::string& name) {
   auto& controls = mPlaced->controls;
   for (auto it = controls.begin(); it != controls.end(); ++it) {
     if ((*it)->Name() != name)
@@ -72,7 +73,7 @@ void TestHostForm::remove(const std::string& name) {
   throw RuntimeError(kInvalidProcedureCall);
 }
 
-void TestHostForm::unload() {
+void HeadlessHostForm::unload() {
   while (!mPlaced->controls.empty()) {
     auto control = mPlaced->controls.back();
     mPlaced->controls.pop_back();
@@ -80,4 +81,4 @@ void TestHostForm::unload() {
   }
 }
 
-}  // namespace kelmora::testing
+}  // namespace kelmora
