@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/TestFrame.h"
 #include "tools/KelmoraRun.h"
 #include "tools/ScratchDir.h"
 
@@ -41,7 +40,6 @@ std::string steps(const std::string& list) {
 }
 
 TEST(CliTest, BadInputGivesOneLineAndStatusTwo) {
-  kelmora::testing::TestFrame::registerForAllTypes();
   const std::vector<BadInputRow> rows = {
       {"unknown command", "", "", {"bogus"}, "bogus"},
       {"unknown option",

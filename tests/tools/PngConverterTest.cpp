@@ -4,7 +4,6 @@
 
 #include <fstream>
 
-#include "support/TestFrame.h"
 #include "tools/KelmoraRun.h"
 #include "tools/ScratchDir.h"
 
@@ -26,7 +25,6 @@ TEST(PngConverterTest, FindsAnExecutableConverterOnTheSearchPath) {
 }
 
 TEST(PngConverterTest, RenderWritesPngWhenItCanAndSaysWhyWhenItCannot) {
-  kelmora::testing::TestFrame::registerForAllTypes();
   ScratchDir dir;
   const std::string svg = (dir.path() / "form.svg").string();
   const std::string png = (dir.path() / "form.png").string();

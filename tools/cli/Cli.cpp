@@ -113,7 +113,9 @@ int play(const std::string& path, const std::string& pictures, std::ostream& out
   ToolHost host(sink,
                 {.failureAnswer = scenario.failureAnswer, .answerChanges = scenario.answerChanges});
   ScenarioPlayer player(host, sink, pictures);
-  return player.play(scenario) == 0 ? 0 : 1;
+  const int unmet = player.play(scenario);
+  host.end();
+  return unmet == 0 ? 0 : 1;
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "host/FieldValues.h"
 
+#include <algorithm>
+
 #include "host/BadInput.h"
 #include "host/ToolCallback.h"
 #include "hosting/FrameContainer.h"
@@ -77,18 +79,31 @@ std::string FieldValues::fieldKey(const Widget& widget) {
   return tag.substr(0, tag.find(','));
 }
 
-Json FieldValues::visibleFields(const FrameContainer& container) {
+Json FieldValues::visibleFields(Main2& main, const FrameContainer& container) {
   Json fields = Json::array();
   auto proxy = container.existingProxy(container.currentFrame());
   auto* frame = proxy ? dynamic_cast<const UserControl*>(proxy->frame().get()) : nullptr;
-  if (frame == nullptr)
+  auto model = frame != nullptr ? main.Model(container.currentFrame()) : nullptr;
+  if (!model)
     return fields;
+  auto keys = model->keyToInternalIndex();
+  std::vector<std::shared_ptr<Widget>> shown;
   for (const auto& widget : frame->Controls()) {
     const std::string key = fieldKey(*widget);
-    if (key.empty() || !widget->isShowing())
-      continue;
-    fields.push_back(
-        {{"widget", ToolCallback::describe(widget)}, {"key", key}, {"value", shownValue(*widget)}});
+    // Captions and layout widgets carry keys too, but store nothing.
+    if (!key.empty() && keys->Exists(key) && widget->isShowing())
+      shown.push_back(widget);
+  }
+  // In reading order, as the author sees them.
+  std::stable_sort(shown.begin(), shown.end(), [](const auto& a, const auto& b) {
+    const SurfaceRect ra = a->surfaceRect();
+    const SurfaceRect rb = b->surfaceRect();
+    return ra.top != rb.top ? ra.top < rb.top : ra.left < rb.left;
+  });
+  for (const auto& widget : shown) {
+    fields.push_back({{"widget", ToolCallback::describe(widget)},
+                      {"key", fieldKey(*widget)},
+                      {"value", shownValue(*widget)}});
   }
   return fields;
 }

@@ -30,9 +30,10 @@ class FieldValues {
   // The field key of a widget's tag, or empty for a widget that is no field.
   static std::string fieldKey(const Widget& widget);
 
-  // The fields of the shown frame that are on screen, in form order:
-  // [{"widget": "TextBox(8)", "key": "PeriodicalOnline", "value": "..."}].
-  static Json visibleFields(const FrameContainer& container);
+  // The fields of the shown frame that are on screen, top to bottom and
+  // left to right: [{"widget": "TextBox(8)", "key": "PeriodicalOnline",
+  // "value": "..."}].
+  static Json visibleFields(Main2& main, const FrameContainer& container);
 };
 
 }  // namespace kelmora::tools

@@ -55,8 +55,9 @@ void ReadableSink::emit(const Json& event) {
          << '\n';
   } else if (event.contains("failedCall")) {
     const auto& failed = event["failedCall"];
-    mOut << "  !! call failed with " << failed["number"] << ": "
-         << failed["description"].get<std::string>() << '\n';
+    mOut << "  !! " << (failed.contains("operation") ? "ending the container" : "the call")
+         << " failed with " << failed["number"] << ": " << failed["description"].get<std::string>()
+         << '\n';
   } else if (event.contains("unmet")) {
     mOut << "  !! expectation not met: " << event["unmet"].dump() << '\n';
   } else {

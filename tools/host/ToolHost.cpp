@@ -4,7 +4,6 @@
 #include "host/EventSink.h"
 #include "host/ToolBridge.h"
 #include "host/ToolCallback.h"
-#include "host/ToolHostForm.h"
 #include "host/ToolMessageBox.h"
 #include "host/ToolTracingService.h"
 #include "hosting/FrameContainer.h"
@@ -12,6 +11,7 @@
 #include "platform/RunningObjectTable.h"
 #include "platform/RuntimeError.h"
 #include "surface/ControlWrapper.h"
+#include "surface/HeadlessHostForm.h"
 #include "surface/MessageBox.h"
 
 namespace kelmora::tools {
@@ -23,7 +23,7 @@ ToolHost::ToolHost(EventSink& sink, Options options)
   RunningObjectTable::Register(BridgeToVB::kClassName, std::make_shared<ToolBridge>(mTracing));
   mFormerMessageBox = MessageBox::install(std::make_shared<ToolMessageBox>(sink));
   mMain = std::make_shared<Main2>();
-  mForm = std::make_shared<ToolHostForm>();
+  mForm = std::make_shared<HeadlessHostForm>();
   auto wrapper = mMain->BuildFrameContainer(mForm, kContainerName);
   if (wrapper)
     mContainer = std::dynamic_pointer_cast<FrameContainer>(wrapper->Object());
@@ -42,6 +42,13 @@ ToolHost::ToolHost(EventSink& sink, Options options)
 }
 
 ToolHost::~ToolHost() {
+  end();
+}
+
+void ToolHost::end() {
+  if (mEnded)
+    return;
+  mEnded = true;
   try {
     mForm->unload();
   } catch (const RuntimeError& error) {

@@ -6,6 +6,7 @@
 
 namespace kelmora {
 class FrameContainer;
+class HeadlessHostForm;
 class Main2;
 class MessageBox;
 }  // namespace kelmora
@@ -14,7 +15,7 @@ namespace kelmora::tools {
 
 class EventSink;
 class ToolCallback;
-class ToolHostForm;
+
 class ToolTracingService;
 
 // The host's part, played for real: the tracing bridge registered before
@@ -36,7 +37,11 @@ class ToolHost {
   static constexpr const char* kContainerName = "Reference";
 
   ToolHost(EventSink& sink, Options options);
+  // Ends the host if end() has not.
   ~ToolHost();
+  // Takes the container off the form, lets go of everything and revokes
+  // the bridge. A failure of the container's end is told to the sink.
+  void end();
   ToolHost(const ToolHost&) = delete;
   ToolHost& operator=(const ToolHost&) = delete;
 
@@ -45,16 +50,17 @@ class ToolHost {
   const std::shared_ptr<FrameContainer>& containerObject() const { return mContainer; }
   ToolCallback& callback() const { return *mCallback; }
   const std::shared_ptr<ToolCallback>& callbackObject() const { return mCallback; }
-  ToolHostForm& form() const { return *mForm; }
-  const std::shared_ptr<ToolHostForm>& formObject() const { return mForm; }
+  HeadlessHostForm& form() const { return *mForm; }
+  const std::shared_ptr<HeadlessHostForm>& formObject() const { return mForm; }
   const ToolTracingService& tracing() const { return *mTracing; }
 
  private:
   EventSink& mSink;
+  bool mEnded = false;
   std::shared_ptr<ToolTracingService> mTracing;
   std::shared_ptr<MessageBox> mFormerMessageBox;
   std::shared_ptr<Main2> mMain;
-  std::shared_ptr<ToolHostForm> mForm;
+  std::shared_ptr<HeadlessHostForm> mForm;
   std::shared_ptr<FrameContainer> mContainer;
   std::shared_ptr<ToolCallback> mCallback;
 };

@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* kFace = "#f0f0f0";
 constexpr const char* kGreyText = "#6d6d6d";
-constexpr float kFontSize = 11.0f;
+constexpr float kFontSize = 10.0f;
 
 std::string px(float value) {
   char text[32];
@@ -204,8 +204,10 @@ class Painter {
         anchor = "middle";
         x = box.x + box.w / 2;
       }
-      // A label's caption starts at its top, not its middle.
-      clipped(box, [&] { text(label->Caption(), x, box.y + kFontSize, anchor, ink); });
+      // A label's caption starts at its top, not its middle. It is not
+      // clipped: the form's own font is narrower than any the picture can
+      // count on, and a caption cut short reads worse than one a little long.
+      text(label->Caption(), x, box.y + kFontSize, anchor, ink);
     } else if (auto* option = dynamic_cast<const OptionButton*>(&widget)) {
       rect("none", "none");
       const float cy = box.y + box.h / 2;

@@ -10,7 +10,6 @@
 #include "host/TextDataObject.h"
 #include "host/ToolCallback.h"
 #include "host/ToolHost.h"
-#include "host/ToolHostForm.h"
 #include "hosting/FrameContainer.h"
 #include "hosting/Main2.h"
 #include "model/Model.h"
@@ -21,6 +20,7 @@
 #include "surface/ComboBox.h"
 #include "surface/ControlWrapper.h"
 #include "surface/Frame.h"
+#include "surface/HeadlessHostForm.h"
 #include "surface/Label.h"
 #include "surface/OptionButton.h"
 #include "surface/TextBox.h"
@@ -52,6 +52,11 @@ T& as(const std::shared_ptr<Widget>& widget, const std::string& ref, const char*
   if (typed == nullptr)
     throw BadInput("'" + ref + "' is a " + widget->ClassName() + ", not " + what);
   return *typed;
+}
+
+// Pixels to two decimals, as a scenario would write them.
+double rounded(float value) {
+  return std::round(static_cast<double>(value) * 100.0) / 100.0;
 }
 
 std::string describe(const std::shared_ptr<Widget>& widget) {
@@ -415,10 +420,12 @@ void ScenarioPlayer::expect(const Scenario::Step& step) {
     for (size_t i = 0; i < 4; ++i)
       same = same && std::fabs(spec["rect"][i].get<float>() - actual[i]) < 0.01f;
     if (!same)
-      unmet(step, {{"widget", ref},
-                   {"property", "rect"},
-                   {"expected", spec["rect"]},
-                   {"actual", {actual[0], actual[1], actual[2], actual[3]}}});
+      unmet(step,
+            {{"widget", ref},
+             {"property", "rect"},
+             {"expected", spec["rect"]},
+             {"actual",
+              {rounded(actual[0]), rounded(actual[1]), rounded(actual[2]), rounded(actual[3])}}});
   }
 }
 
