@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <regex>
 
 #include "surface/CheckBox.h"
@@ -11,6 +12,8 @@
 #include "surface/OptionButton.h"
 #include "surface/TextBox.h"
 #include "surface/UserControl.h"
+#include "tools/KelmoraRun.h"
+#include "tools/ScratchDir.h"
 
 namespace kelmora::tools {
 namespace {
@@ -130,6 +133,37 @@ TEST(SvgRendererTest, FramesClipAndHideWhatTheyHold) {
     EXPECT_NE(debug.find(std::string("class=\"hidden\" data-name=\"") + name + "\""),
               std::string::npos)
         << name;
+}
+
+// The Periodical form of family 2 with all fields shown: the access date
+// row follows the website field, and the rows below close up around it.
+TEST(SvgRendererTest, PeriodicalFormRowsStandWhereTheFormPutsThem) {
+  struct Row {
+    std::string online;
+    std::vector<float> accessDate;  // empty: not drawn
+    std::vector<float> issue;
+  };
+  const std::vector<Row> rows = {
+      {"", {}, {392.53f, 27, 222.67f, 21}},
+      {"10.1/k14", {392.53f, 27, 222.67f, 21}, {392.53f, 54, 222.67f, 21}},
+  };
+  for (const auto& row : rows) {
+    testing::ScratchDir dir;
+    const std::string values = dir.write("values.json", R"({"PeriodicalOnline": ")" + row.online +
+                                                            R"(", "PeriodicalVolume": "14"})");
+    const std::string output = (dir.path() / "form.svg").string();
+    const auto run =
+        testing::KelmoraRun::of({"render", "--type", "periodical", "--family", "2", "--option", "0",
+                                 "--show-all", "--values", values, "-o", output});
+    ASSERT_EQ(run.status, 0) << run.err;
+    std::ifstream in(output);
+    const std::string svg((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(boxOf(groupOf(svg, "TextBox(9)")), row.accessDate) << "online: " << row.online;
+    EXPECT_EQ(boxOf(groupOf(svg, "TextBox(11)")), row.issue) << "online: " << row.online;
+    EXPECT_EQ(groupOf(svg, "TextBox(10)"), "") << "the publish date is family 0's";
+    EXPECT_EQ(boxOf(groupOf(svg, "TextBox(6)")), (std::vector<float>{80, 135, 73, 21}));
+    EXPECT_NE(groupOf(svg, "TextBox(6)").find(">14<"), std::string::npos);
+  }
 }
 
 }  // namespace
