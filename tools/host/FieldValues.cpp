@@ -7,6 +7,8 @@
 #include "hosting/FrameContainer.h"
 #include "hosting/Main2.h"
 #include "model/Model.h"
+#include "platform/Strings.h"
+#include "platform/Variant.h"
 #include "proxy/FrameProxy.h"
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
@@ -49,6 +51,14 @@ std::vector<std::string> FieldValues::record(Main2& main, int16_t whichType, con
   for (int32_t i = 0; i < keys->Count(); ++i)
     size = std::max<int32_t>(size, keys->ItemAt(i).toLong() + 1);
   record.assign(static_cast<size_t>(size), "");
+  // A new reference starts from the type's defaults: pairs of internal
+  // index and value in the model's second setting.
+  const std::vector<std::string> defaults = Strings::Split(model->setting(1), ",");
+  for (size_t i = 0; i + 1 < defaults.size(); i += 2) {
+    double index = -1;
+    if (Variant::parseNumber(defaults[i], index) && index >= 0 && index < size)
+      record[static_cast<size_t>(index)] = defaults[i + 1];
+  }
   for (const auto& [key, value] : values.items()) {
     if (!keys->Exists(key))
       throw BadInput(origin + ": '" + key + "' is no field key of reference type " +

@@ -18,7 +18,8 @@ namespace kelmora::tools {
 class FieldValues {
  public:
   // The `values` record of a type from JSON: an object of field keys and
-  // values (the rest stay empty), or the whole record as an array. Values
+  // values over the type's defaults for a new reference (the rest stay
+  // empty), or the whole record as an array. Values
   // are texts; true and false become "True" and "False", numbers their
   // text. An unknown key is bad input; `origin` names the source.
   static std::vector<std::string> record(Main2& main, int16_t whichType, const Json& values,
