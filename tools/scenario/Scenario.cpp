@@ -210,13 +210,13 @@ void checkExpect(const Json& step, const std::string& where) {
     throw BadInput(where + "an expectation needs at least one property to check");
 }
 
-Scenario::Step checkStep(const Json& spec, size_t number, const std::string& origin) {
+Scenario::Step checkStep(const Json& written, size_t number, const std::string& origin) {
   const std::string where = origin + ": step " + std::to_string(number) + ": ";
-  if (!spec.is_object())
+  if (!written.is_object())
     throw BadInput(where + "a step must be a JSON object");
   const KindRow* found = nullptr;
   for (const auto& row : kKinds) {
-    if (!spec.contains(std::string(row.key)))
+    if (!written.contains(std::string(row.key)))
       continue;
     if (found != nullptr)
       throw BadInput(where + "a step does one thing, but this one has both \"" +
@@ -227,44 +227,44 @@ Scenario::Step checkStep(const Json& spec, size_t number, const std::string& ori
     throw BadInput(where +
                    "no step kind (call, type, clear, select, click, check, focus, mouse, "
                    "drop, expect or stage)");
-  for (const auto& [key, value] : spec.items()) {
+  for (const auto& [key, value] : written.items()) {
     if (key != found->key && !found->keys.contains(key) && !kCommonKeys.contains(key))
       throw BadInput(where + "\"" + key + "\" does not belong in a \"" + std::string(found->key) +
                      "\" step");
   }
-  Scenario::Step step{found->kind, number, spec, std::nullopt, {}};
-  if (spec.contains("svg")) {
-    if (!spec["svg"].is_string() || spec["svg"].get<std::string>().empty())
+  Scenario::Step step{found->kind, number, written, std::nullopt, {}};
+  if (written.contains("svg")) {
+    if (!written["svg"].is_string() || written["svg"].get<std::string>().empty())
       throw BadInput(where + "\"svg\" must be the path of the picture to write");
-    step.svg = spec["svg"].get<std::string>();
+    step.svg = written["svg"].get<std::string>();
   }
-  if (spec.contains("fails")) {
-    if (!spec["fails"].is_number_integer())
+  if (written.contains("fails")) {
+    if (!written["fails"].is_number_integer())
       throw BadInput(where + "\"fails\" must be a run-time error number");
-    step.fails = spec["fails"].get<int32_t>();
+    step.fails = written["fails"].get<int32_t>();
   }
-  const Json& target = spec[std::string(found->key)];
+  const Json& target = written[std::string(found->key)];
   switch (found->kind) {
     case Scenario::StepKind::Call:
-      checkCall(spec, where);
+      checkCall(written, where);
       break;
     case Scenario::StepKind::Type:
     case Scenario::StepKind::Drop:
       if (!target.is_string())
         throw BadInput(where + "name the widget as a text");
-      if (!spec.contains("text") || !spec["text"].is_string())
+      if (!written.contains("text") || !written["text"].is_string())
         throw BadInput(where + "\"text\" must give the text");
       break;
     case Scenario::StepKind::Select:
       if (!target.is_string())
         throw BadInput(where + "name the combo box as a text");
-      if (spec.contains("item") == spec.contains("index") ||
-          (spec.contains("item") && !spec["item"].is_string()) ||
-          (spec.contains("index") && !isInt16(spec["index"])))
+      if (written.contains("item") == written.contains("index") ||
+          (written.contains("item") && !written["item"].is_string()) ||
+          (written.contains("index") && !isInt16(written["index"])))
         throw BadInput(where + "select needs either \"item\" (a text) or \"index\" (a number)");
       break;
     case Scenario::StepKind::Check:
-      if (spec.contains("value") && !spec["value"].is_boolean())
+      if (written.contains("value") && !written["value"].is_boolean())
         throw BadInput(where + "\"value\" of a check must be true or false");
       [[fallthrough]];
     case Scenario::StepKind::Clear:
@@ -281,7 +281,7 @@ Scenario::Step checkStep(const Json& spec, size_t number, const std::string& ori
         throw BadInput(where + "\"mouse\" must name a widget or give {\"x\": .., \"y\": ..}");
       break;
     case Scenario::StepKind::Expect:
-      checkExpect(spec, where);
+      checkExpect(written, where);
       break;
   }
   return step;
@@ -327,8 +327,8 @@ Scenario Scenario::parse(const Json& document, const std::string& origin,
   if (!document.contains("steps") || !document["steps"].is_array())
     throw BadInput(origin + ": a scenario needs a list of \"steps\"");
   size_t number = 0;
-  for (const auto& spec : document["steps"])
-    scenario.steps.push_back(checkStep(spec, ++number, origin));
+  for (const auto& written : document["steps"])
+    scenario.steps.push_back(checkStep(written, ++number, origin));
   return scenario;
 }
 

@@ -38,7 +38,7 @@ class Scenario {
     // Counted from 1, as messages and events name it.
     size_t number;
     // The step as written.
-    Json spec;
+    Json written;
     // The run-time failure number the step is expected to fail with.
     std::optional<int32_t> fails;
     // An SVG picture of the form to write after the step.

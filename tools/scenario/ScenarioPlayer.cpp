@@ -36,10 +36,10 @@ std::string where(const Scenario& scenario, const Scenario::Step& step) {
 
 // A step's argument as written, or its default.
 Json argument(const Scenario::Step& step, std::string_view name) {
-  const Json& args = step.spec.contains("args") ? step.spec["args"] : Json::object();
+  const Json& args = step.written.contains("args") ? step.written["args"] : Json::object();
   if (args.contains(std::string(name)))
     return args[std::string(name)];
-  for (const auto& parameter : *Scenario::parametersOf(step.spec["call"].get<std::string>())) {
+  for (const auto& parameter : *Scenario::parametersOf(step.written["call"].get<std::string>())) {
     if (parameter.name == name && parameter.defaultJson)
       return Json::parse(*parameter.defaultJson);
   }
@@ -107,7 +107,7 @@ void ScenarioPlayer::playStep(const Scenario& scenario, const Scenario::Step& st
   if (step.kind == Scenario::StepKind::Stage) {
     endStage();
     ++mStage;
-    mStageTitle = step.spec["stage"].get<std::string>();
+    mStageTitle = step.written["stage"].get<std::string>();
     mSink.emit({{"stage", mStageTitle}});
     return;
   }
@@ -169,7 +169,7 @@ std::shared_ptr<FormatterSettings> ScenarioPlayer::settings(const Scenario& scen
 }
 
 void ScenarioPlayer::call(const Scenario& scenario, const Scenario::Step& step) {
-  const std::string name = step.spec["call"].get<std::string>();
+  const std::string name = step.written["call"].get<std::string>();
   const std::string place = where(scenario, step);
   Json shown = Json::array();
   for (const auto& parameter : *Scenario::parametersOf(name))
@@ -269,20 +269,20 @@ void ScenarioPlayer::call(const Scenario& scenario, const Scenario::Step& step) 
 }
 
 void ScenarioPlayer::act(const Scenario::Step& step) {
-  const Json& spec = step.spec;
+  const Json& written = step.written;
   auto user = [&](const std::string& sentence) { mSink.emit({{"user", sentence}}); };
   switch (step.kind) {
     case Scenario::StepKind::Type: {
-      const std::string ref = spec["type"].get<std::string>();
+      const std::string ref = written["type"].get<std::string>();
       auto target = widget(step, ref);
       auto& box = as<TextBox>(target, ref, "a text box");
-      const std::string typed = spec["text"].get<std::string>();
+      const std::string typed = written["text"].get<std::string>();
       user("types " + Json(typed).dump() + " into " + describe(target));
       UserActions::typeInto(box, typed);
       break;
     }
     case Scenario::StepKind::Clear: {
-      const std::string ref = spec["clear"].get<std::string>();
+      const std::string ref = written["clear"].get<std::string>();
       auto target = widget(step, ref);
       auto& box = as<TextBox>(target, ref, "a text box");
       user("clears " + describe(target));
@@ -290,22 +290,22 @@ void ScenarioPlayer::act(const Scenario::Step& step) {
       break;
     }
     case Scenario::StepKind::Select: {
-      const std::string ref = spec["select"].get<std::string>();
+      const std::string ref = written["select"].get<std::string>();
       auto target = widget(step, ref);
       auto& combo = as<ComboBox>(target, ref, "a combo box");
-      if (spec.contains("item")) {
-        user("selects " + spec["item"].dump() + " in " + describe(target));
-        UserActions::selectItem(combo, spec["item"].get<std::string>());
+      if (written.contains("item")) {
+        user("selects " + written["item"].dump() + " in " + describe(target));
+        UserActions::selectItem(combo, written["item"].get<std::string>());
       } else {
-        user("selects entry " + spec["index"].dump() + " in " + describe(target));
-        UserActions::selectItem(combo, spec["index"].get<int16_t>());
+        user("selects entry " + written["index"].dump() + " in " + describe(target));
+        UserActions::selectItem(combo, written["index"].get<int16_t>());
       }
       break;
     }
     case Scenario::StepKind::Click:
     case Scenario::StepKind::Check: {
       const bool isCheck = step.kind == Scenario::StepKind::Check;
-      const std::string ref = spec[isCheck ? "check" : "click"].get<std::string>();
+      const std::string ref = written[isCheck ? "check" : "click"].get<std::string>();
       auto target = widget(step, ref);
       if (!isCheck) {
         if (auto* option = dynamic_cast<OptionButton*>(target.get())) {
@@ -315,7 +315,7 @@ void ScenarioPlayer::act(const Scenario::Step& step) {
         }
       }
       auto& box = as<CheckBox>(target, ref, isCheck ? "a check box" : "an option or check box");
-      const bool wanted = spec.value("value", box.Value() == CheckBox::kUnchecked);
+      const bool wanted = written.value("value", box.Value() == CheckBox::kUnchecked);
       if ((box.Value() == CheckBox::kChecked) != wanted) {
         user(std::string(wanted ? "checks " : "unchecks ") + describe(target));
         UserActions::click(box);
@@ -323,7 +323,7 @@ void ScenarioPlayer::act(const Scenario::Step& step) {
       break;
     }
     case Scenario::StepKind::Focus: {
-      const std::string ref = spec["focus"].get<std::string>();
+      const std::string ref = written["focus"].get<std::string>();
       if (ref == "away") {
         user("moves the focus away from the form");
         UserActions::focusAway();
@@ -335,7 +335,7 @@ void ScenarioPlayer::act(const Scenario::Step& step) {
       break;
     }
     case Scenario::StepKind::Mouse: {
-      const Json& target = spec["mouse"];
+      const Json& target = written["mouse"];
       if (target.is_string()) {
         auto over = widget(step, target.get<std::string>());
         user("moves the mouse over " + describe(over));
@@ -350,10 +350,11 @@ void ScenarioPlayer::act(const Scenario::Step& step) {
       break;
     }
     case Scenario::StepKind::Drop: {
-      const std::string ref = spec["drop"].get<std::string>();
+      const std::string ref = written["drop"].get<std::string>();
       auto target = widget(step, ref);
-      user("drops " + spec["text"].dump() + " on " + describe(target));
-      UserActions::drop(*target, std::make_shared<TextDataObject>(spec["text"].get<std::string>()));
+      user("drops " + written["text"].dump() + " on " + describe(target));
+      UserActions::drop(*target,
+                        std::make_shared<TextDataObject>(written["text"].get<std::string>()));
       break;
     }
     case Scenario::StepKind::Call:
@@ -371,21 +372,21 @@ void ScenarioPlayer::unmet(const Scenario::Step& step, Json details) {
 }
 
 void ScenarioPlayer::expect(const Scenario::Step& step) {
-  const Json& spec = step.spec;
-  const std::string ref = spec["expect"].get<std::string>();
+  const Json& written = step.written;
+  const std::string ref = written["expect"].get<std::string>();
   auto target = widget(step, ref);
   auto check = [&](const char* property, const Json& actual) {
-    if (spec.contains(property) && spec[property] != actual)
+    if (written.contains(property) && written[property] != actual)
       unmet(step, {{"widget", ref},
                    {"property", property},
-                   {"expected", spec[property]},
+                   {"expected", written[property]},
                    {"actual", actual}});
   };
   check("visible", target->Visible());
   check("showing", target->isShowing());
   check("enabled", target->Enabled());
   check("tooltip", target->ToolTipText());
-  if (spec.contains("caption")) {
+  if (written.contains("caption")) {
     if (auto* label = dynamic_cast<Label*>(target.get()))
       check("caption", label->Caption());
     else if (auto* option = dynamic_cast<OptionButton*>(target.get()))
@@ -397,7 +398,7 @@ void ScenarioPlayer::expect(const Scenario::Step& step) {
     else
       throw BadInput("'" + ref + "' is a " + target->ClassName() + ", which has no caption");
   }
-  if (spec.contains("text")) {
+  if (written.contains("text")) {
     if (auto* box = dynamic_cast<TextBox*>(target.get()))
       check("text", box->Text());
     else if (auto* combo = dynamic_cast<ComboBox*>(target.get()))
@@ -405,7 +406,7 @@ void ScenarioPlayer::expect(const Scenario::Step& step) {
     else
       throw BadInput("'" + ref + "' is a " + target->ClassName() + ", which has no text");
   }
-  if (spec.contains("value")) {
+  if (written.contains("value")) {
     if (auto* option = dynamic_cast<OptionButton*>(target.get()))
       check("value", option->Value());
     else if (auto* box = dynamic_cast<CheckBox*>(target.get()))
@@ -413,17 +414,17 @@ void ScenarioPlayer::expect(const Scenario::Step& step) {
     else
       throw BadInput("'" + ref + "' is a " + target->ClassName() + ", which has no value");
   }
-  if (spec.contains("rect")) {
+  if (written.contains("rect")) {
     const SurfaceRect rect = target->surfaceRect();
     const float actual[] = {rect.left, rect.top, rect.width, rect.height};
     bool same = true;
     for (size_t i = 0; i < 4; ++i)
-      same = same && std::fabs(spec["rect"][i].get<float>() - actual[i]) < 0.01f;
+      same = same && std::fabs(written["rect"][i].get<float>() - actual[i]) < 0.01f;
     if (!same)
       unmet(step,
             {{"widget", ref},
              {"property", "rect"},
-             {"expected", spec["rect"]},
+             {"expected", written["rect"]},
              {"actual",
               {rounded(actual[0]), rounded(actual[1]), rounded(actual[2]), rounded(actual[3])}}});
   }
