@@ -1,0 +1,153 @@
+#include "cli/Cli.h"
+
+#include <gtest/gtest.h>
+
+#include "tools/KelmoraRun.h"
+#include "tools/ScratchDir.h"
+
+namespace kelmora::tools {
+namespace {
+
+using testing::KelmoraRun;
+using testing::ScratchDir;
+
+TEST(CliTest, EveryCommandHasHelp) {
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--help"},
+                                                    {"demo", "--help"},
+                                                    {"render", "--help"},
+                                                    {"play", "--help"}}) {
+    const KelmoraRun run = KelmoraRun::of(arguments);
+    EXPECT_EQ(run.status, 0) << arguments[0];
+    EXPECT_NE(run.out.find("Usage"), std::string::npos) << arguments[0];
+  }
+}
+
+// Each row: what a user gets wrong, the files it needs, the command, and a
+// word the one line on standard error must contain.
+struct BadInputRow {
+  std::string what;
+  std::string fileName;
+  std::string fileContent;
+  std::vector<std::string> arguments;
+  const char* mentions;
+};
+
+const char* const kPeriodicalShown = R"({"call": "SetVisibleFrame", "args": {"theModelType": 1}})";
+
+std::string steps(const std::string& list) {
+  return std::string(R"({"steps": [)") + kPeriodicalShown + (list.empty() ? "" : ", ") + list +
+         "]}";
+}
+
+TEST(CliTest, BadInputGivesOneLineAndStatusTwo) {
+  const std::vector<BadInputRow> rows = {
+      {"unknown command", "", "", {"bogus"}, "bogus"},
+      {"unknown option",
+       "",
+       "",
+       {"render", "--type", "1", "-o", "@/x.svg", "--colour"},
+       "--colour"},
+      {"unknown type",
+       "",
+       "",
+       {"render", "--type", "book", "--family", "0", "-o", "@/x.svg"},
+       "book"},
+      {"no format", "", "", {"render", "--type", "periodical", "-o", "@/x.svg"}, "--family"},
+      {"no such family", "", "", {"render", "--type", "1", "--family", "7", "-o", "@/x.svg"}, "7"},
+      {"unreadable settings",
+       "",
+       "",
+       {"render", "--type", "1", "--settings", "@/missing.json", "-o", "@/x.svg"},
+       "missing.json"},
+      {"malformed settings",
+       "s.json",
+       "{\"Format\": ",
+       {"render", "--type", "1", "--settings", "@/s.json", "-o", "@/x.svg"},
+       "not valid JSON"},
+      {"unknown setting",
+       "s.json",
+       R"({"Fromat": 1})",
+       {"render", "--type", "1", "--settings", "@/s.json", "-o", "@/x.svg"},
+       "Fromat"},
+      {"setting of the wrong kind",
+       "s.json",
+       R"({"Format": "two"})",
+       {"render", "--type", "1", "--settings", "@/s.json", "-o", "@/x.svg"},
+       "whole number"},
+      {"unknown field key",
+       "v.json",
+       R"({"PeriodicalColour": "red"})",
+       {"render", "--type", "1", "--family", "1", "--values", "@/v.json", "-o", "@/x.svg"},
+       "PeriodicalColour"},
+      {"unreadable scenario", "", "", {"play", "@/none.json"}, "none.json"},
+      {"scenario is a directory", "", "", {"play", "@"}, "cannot read"},
+      {"malformed scenario", "p.json", "{\"steps\": [", {"play", "@/p.json"}, "not valid JSON"},
+      {"no steps", "p.json", "{}", {"play", "@/p.json"}, "steps"},
+      {"step of no kind", "p.json", R"({"steps": [{"jump": 3}]})", {"play", "@/p.json"}, "step 1"},
+      {"step of two kinds",
+       "p.json",
+       R"({"steps": [{"type": "A", "clear": "A", "text": ""}]})",
+       {"play", "@/p.json"},
+       "both"},
+      {"stray key",
+       "p.json",
+       R"({"steps": [{"clear": "A", "text": "x"}]})",
+       {"play", "@/p.json"},
+       "\"text\""},
+      {"unknown operation",
+       "p.json",
+       R"({"steps": [{"call": "Explode"}]})",
+       {"play", "@/p.json"},
+       "Explode"},
+      {"missing argument",
+       "p.json",
+       R"({"steps": [{"call": "SetVisibleFrame"}]})",
+       {"play", "@/p.json"},
+       "theModelType"},
+      {"argument of the wrong kind",
+       "p.json",
+       R"({"steps": [{"call": "SetVisibleFrame", "args": {"theModelType": 70000}}]})",
+       {"play", "@/p.json"},
+       "16-bit"},
+      {"expectation without a property",
+       "p.json",
+       R"j({"steps": [{"expect": "TextBox(0)"}]})j",
+       {"play", "@/p.json"},
+       "at least one"},
+      {"unknown widget",
+       "p.json",
+       steps(R"({"type": "NoSuchField", "text": "x"})"),
+       {"play", "@/p.json"},
+       "NoSuchField"},
+      {"widget of the wrong class",
+       "p.json",
+       steps(R"({"type": "PeriodicalJournalOption", "text": "x"})"),
+       {"play", "@/p.json"},
+       "not a text box"},
+      {"settings file of a step missing",
+       "p.json",
+       steps(
+           R"({"call": "ToggleFormatDependentWidgets", "args": {"whichType": 1, "formatterSettings": "nowhere.json"}})"),
+       {"play", "@/p.json"},
+       "nowhere.json"},
+  };
+  for (const auto& row : rows) {
+    ScratchDir dir;
+    if (!row.fileName.empty())
+      dir.write(row.fileName, row.fileContent);
+    std::vector<std::string> arguments;
+    for (std::string argument : row.arguments) {
+      if (argument.starts_with("@"))
+        argument = dir.path().string() + argument.substr(1);
+      arguments.push_back(argument);
+    }
+    const KelmoraRun run = KelmoraRun::of(arguments);
+    EXPECT_EQ(run.status, Cli::kBadInput) << row.what;
+    ASSERT_EQ(run.errLines().size(), 1u) << row.what << ": " << run.err;
+    EXPECT_TRUE(run.err.starts_with("kelmora: ")) << row.what << ": " << run.err;
+    EXPECT_NE(run.err.find(row.mentions), std::string::npos) << row.what << ": " << run.err;
+  }
+}
+
+}  // namespace
+}  // namespace kelmora::tools

@@ -1,0 +1,53 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tools/KelmoraRun.h"
+#include "tools/ScratchDir.h"
+
+namespace kelmora::tools {
+namespace {
+
+using testing::KelmoraRun;
+using testing::ScratchDir;
+
+const std::filesystem::path kExamples = KELMORA_EXAMPLES_DIR;
+
+TEST(ExamplesTest, EveryExampleScenarioMeetsItsExpectations) {
+  int played = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(kExamples)) {
+    if (entry.path().extension() != ".json")
+      continue;
+    ScratchDir pictures;
+    const KelmoraRun run =
+        KelmoraRun::of({"play", entry.path().string(), "--pictures", pictures.path().string()});
+    EXPECT_EQ(run.status, 0) << entry.path() << "\n" << run.out << run.err;
+    EXPECT_TRUE(run.events("unmet").empty()) << entry.path();
+    ++played;
+  }
+  EXPECT_GE(played, 4) << "the demo and at least three further scenarios";
+}
+
+TEST(ExamplesTest, DemoRunsToItsEndWithAPicturePerStage) {
+  ScratchDir dir;
+  const KelmoraRun run = KelmoraRun::of({"demo", "--pictures", dir.path().string()});
+  EXPECT_EQ(run.status, 0) << run.out << run.err;
+  EXPECT_NE(run.out.find("every expectation held"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("-> SetVisibleFrame(1)"), std::string::npos);
+  EXPECT_NE(run.out.find("<- HandleDateExit(field=\"TextBox(3)\""), std::string::npos);
+  EXPECT_NE(run.out.find("TextBox(8)           PeriodicalOnline"), std::string::npos)
+      << "the fields on screen with their values";
+  for (int stage = 1; stage <= 6; ++stage)
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / ("stage-" + std::to_string(stage) + ".svg")))
+        << stage;
+}
+
+TEST(ExamplesTest, NoCommandRunsTheDemo) {
+  const KelmoraRun run = KelmoraRun::of({});
+  std::filesystem::remove_all("kelmora-demo");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(run.out.starts_with("Kelmora demo host")) << run.out;
+}
+
+}  // namespace
+}  // namespace kelmora::tools

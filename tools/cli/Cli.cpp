@@ -1,0 +1,190 @@
+#include "cli/Cli.h"
+
+#include <CLI/CLI.hpp>
+
+#include <fstream>
+#include <optional>
+#include <ostream>
+
+#include "cli/Demo.h"
+#include "host/BadInput.h"
+#include "host/FieldValues.h"
+#include "host/JsonLinesSink.h"
+#include "host/RecordingSink.h"
+#include "host/SettingsFile.h"
+#include "host/ToolCallback.h"
+#include "host/ToolHost.h"
+#include "hosting/FrameContainer.h"
+#include "platform/RuntimeError.h"
+#include "render/PngConverter.h"
+#include "render/SvgRenderer.h"
+#include "scenario/Scenario.h"
+#include "scenario/ScenarioPlayer.h"
+
+namespace kelmora::tools {
+
+namespace {
+
+struct RenderOptions {
+  std::string type;
+  std::optional<int32_t> family;
+  std::string settings;
+  int16_t option = -1;
+  bool showAll = false;
+  std::string values;
+  std::string output;
+  std::string png;
+  bool debug = false;
+};
+
+int16_t referenceType(const std::string& text) {
+  std::string lower;
+  for (char c : text) lower += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  if (lower == "nonperiodical" || lower == "0")
+    return 0;
+  if (lower == "periodical" || lower == "1")
+    return 1;
+  if (lower == "esource" || lower == "4")
+    return 4;
+  throw BadInput("unknown reference type '" + text +
+                 "': use periodical (1), nonperiodical (0) or esource (4)");
+}
+
+Json readJsonFile(const std::string& path, const char* what) {
+  std::error_code error;
+  std::ifstream in(path);
+  if (!std::filesystem::is_regular_file(path, error) || !in)
+    throw BadInput(std::string("cannot read ") + what + " '" + path + "'");
+  Json document = Json::parse(in, nullptr, false);
+  if (document.is_discarded())
+    throw BadInput(std::string(what) + " '" + path + "' is not valid JSON");
+  return document;
+}
+
+int render(const RenderOptions& options, std::ostream& err) {
+  const int16_t whichType = referenceType(options.type);
+  if (options.family.has_value() == !options.settings.empty())
+    throw BadInput("give the format either as --family N or as --settings FILE");
+  std::shared_ptr<SettingsFile> settings =
+      options.family ? SettingsFile::family(*options.family) : SettingsFile::load(options.settings);
+  const Json values =
+      options.values.empty() ? Json::object() : readJsonFile(options.values, "values file");
+
+  RecordingSink sink;
+  ToolHost host(sink, {});
+  FrameContainer& container = host.container();
+  container.SetVisibleFrame(whichType);
+  container.ToggleFormatDependentWidgets(whichType, settings);
+  auto record = FieldValues::record(host.main(), whichType, values, options.values);
+  host.callback().loading(true);
+  container.SynchronizeFieldsWithModel(whichType, record);
+  host.callback().loading(false);
+  container.UpdateFrame(options.option, options.showAll);
+
+  const std::string svg = SvgRenderer::render(container, {.outlineHidden = options.debug});
+  {
+    std::ofstream out(options.output);
+    out << svg;
+    out.close();
+    if (!out)
+      throw BadInput("cannot write '" + options.output + "'");
+  }
+  if (const int failures = sink.count("failure"); failures > 0)
+    err << "kelmora: the library reported " << failures
+        << " failure(s) while drawing; play the same calls as a scenario to see them\n";
+  if (options.png.empty())
+    return 0;
+  auto converter = PngConverter::find();
+  if (!converter) {
+    err << "kelmora: " << PngConverter::kMissingMessage << '\n';
+    return 1;
+  }
+  if (std::string problem = PngConverter::convert(*converter, options.output, options.png);
+      !problem.empty()) {
+    err << "kelmora: " << problem << '\n';
+    return 1;
+  }
+  return 0;
+}
+
+int play(const std::string& path, const std::string& pictures, std::ostream& out) {
+  const Scenario scenario = Scenario::load(path);
+  JsonLinesSink sink(out);
+  ToolHost host(sink,
+                {.failureAnswer = scenario.failureAnswer, .answerChanges = scenario.answerChanges});
+  ScenarioPlayer player(host, sink, pictures);
+  const int unmet = player.play(scenario);
+  host.end();
+  return unmet == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  CLI::App app{
+      "kelmora: a host for the Kelmora reference form. Without a command it runs the demo."};
+  app.name("kelmora");
+  app.require_subcommand(0, 1);
+
+  std::string demoPictures = "kelmora-demo";
+  auto* demo = app.add_subcommand("demo", "Play the built-in demo, printing each call readably");
+  demo->add_option("--pictures", demoPictures, "Directory for the SVG pictures of each stage")
+      ->capture_default_str();
+
+  RenderOptions options;
+  auto* renderCommand = app.add_subcommand("render", "Draw one frame as an SVG (and PNG) picture");
+  renderCommand
+      ->add_option("--type", options.type,
+                   "Reference type: periodical (1), nonperiodical (0) or esource (4)")
+      ->required();
+  renderCommand->add_option("--family", options.family,
+                            "Format family 0 to 3 shipped with kelmora");
+  renderCommand->add_option("--settings", options.settings, "Format settings file (JSON)");
+  renderCommand->add_option("--option", options.option,
+                            "Type option to select (UpdateFrame Index); -1 keeps the one loaded");
+  renderCommand->add_flag("--show-all", options.showAll, "Show all fields");
+  renderCommand->add_option("--values", options.values,
+                            "Field values file: JSON object by field key");
+  renderCommand->add_option("-o,--output", options.output, "SVG file to write")->required();
+  renderCommand->add_option("--png", options.png, "Also write this PNG (needs rsvg-convert)");
+  renderCommand->add_flag("--debug", options.debug, "Outline hidden widgets");
+
+  std::string scenarioPath;
+  std::string pictures = ".";
+  auto* playCommand = app.add_subcommand("play", "Play a scenario, printing events as JSON lines");
+  playCommand->add_option("scenario", scenarioPath, "Scenario file (JSON)")->required();
+  playCommand->add_option("--pictures", pictures, "Directory the steps' \"svg\" paths are under")
+      ->capture_default_str();
+
+  std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+  try {
+    app.parse(reversed);
+  } catch (const CLI::CallForHelp& help) {
+    return app.exit(help, out, err);
+  } catch (const CLI::CallForAllHelp& help) {
+    return app.exit(help, out, err);
+  } catch (const CLI::ParseError& error) {
+    err << "kelmora: " << error.what() << " (see kelmora --help)\n";
+    return kBadInput;
+  }
+
+  try {
+    if (renderCommand->parsed())
+      return render(options, err);
+    if (playCommand->parsed())
+      return play(scenarioPath, pictures, out);
+    return Demo::run(demoPictures, out);
+  } catch (const BadInput& error) {
+    err << "kelmora: " << error.what() << '\n';
+    return kBadInput;
+  } catch (const RuntimeError& error) {
+    err << "kelmora: the library failed with " << error.Number() << ": " << error.Description()
+        << '\n';
+    return 1;
+  } catch (const std::filesystem::filesystem_error& error) {
+    err << "kelmora: " << error.what() << '\n';
+    return kBadInput;
+  }
+}
+
+}  // namespace kelmora::tools

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace kelmora::tools {
+
+// The `kelmora` command line: demo (also what no arguments run), render
+// and play. Exit status 0 on success, 1 when an expectation or a call
+// failed or a picture could not be converted, 2 for bad input with one
+// line on standard error.
+class Cli {
+ public:
+  static constexpr int kBadInput = 2;
+
+  // `arguments` without the program name.
+  static int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
+};
+
+}  // namespace kelmora::tools

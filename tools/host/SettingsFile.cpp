@@ -1,0 +1,204 @@
+#include "host/SettingsFile.h"
+
+#include <cstdint>
+#include <fstream>
+#include <string_view>
+
+#include "host/BadInput.h"
+#include "host/EmbeddedFiles.h"
+#include "platform/RuntimeError.h"
+#include "surface/OutputTemplate.h"
+
+namespace kelmora::tools {
+
+namespace {
+
+enum class Kind { Integer, Boolean, Text, Templates };
+
+struct MemberRow {
+  std::string_view name;
+  Kind kind;
+};
+
+// clang-format off
+constexpr MemberRow kMembers[] = {
+    {"Format", Kind::Integer},
+    {"hasPeriodicalPageNumbers", Kind::Boolean},
+    {"tooltipTextJournal", Kind::Text},
+    {"tooltipTextPeriodical", Kind::Text},
+    {"accessDateFormat", Kind::Text},
+    {"alwaysEnableAccessDate", Kind::Boolean},
+    {"WebsiteImpliesDate", Kind::Boolean},
+    {"outputTemplates", Kind::Templates},
+    {"esourceShowsAuthorPopup", Kind::Boolean},
+    {"esourceHasTitle", Kind::Boolean},
+    {"esourceHasTo", Kind::Boolean},
+    {"emailListTitleVisible", Kind::Boolean},
+    {"supportsWebtitle", Kind::Boolean},
+    {"SupportsURL", Kind::Boolean},
+    {"supportsAccessDate", Kind::Boolean},
+    {"supportsSocialMedia", Kind::Boolean},
+    {"DegreeSupport", Kind::Integer},
+    {"esourceType", Kind::Integer},
+};
+// clang-format on
+
+bool fits(const Json& value, Kind kind) {
+  switch (kind) {
+    case Kind::Integer:
+      return value.is_number_integer() && value.get<int64_t>() >= INT32_MIN &&
+             value.get<int64_t>() <= INT32_MAX;
+    case Kind::Boolean:
+      return value.is_boolean();
+    case Kind::Text:
+      return value.is_string();
+    case Kind::Templates:
+      if (!value.is_array())
+        return false;
+      for (const auto& entry : value) {
+        if (!entry.is_object() || !entry.contains("urlPrefixes") || entry.size() != 1 ||
+            !entry["urlPrefixes"].is_array()) {
+          return false;
+        }
+        for (const auto& prefix : entry["urlPrefixes"])
+          if (!prefix.is_string())
+            return false;
+      }
+      return true;
+  }
+  return false;
+}
+
+const char* kindText(Kind kind) {
+  switch (kind) {
+    case Kind::Integer:
+      return "a whole number";
+    case Kind::Boolean:
+      return "true or false";
+    case Kind::Text:
+      return "a text";
+    case Kind::Templates:
+      return "a list of {\"urlPrefixes\": [texts]}";
+  }
+  return "";
+}
+
+class PrefixTemplate : public OutputTemplate {
+ public:
+  explicit PrefixTemplate(std::vector<std::string> prefixes) : mPrefixes(std::move(prefixes)) {}
+  bool isURL(std::string& text) override {
+    for (const auto& prefix : mPrefixes)
+      if (text.starts_with(prefix))
+        return true;
+    return false;
+  }
+
+ private:
+  std::vector<std::string> mPrefixes;
+};
+
+}  // namespace
+
+SettingsFile::SettingsFile(Json members, const std::string& origin) : mMembers(std::move(members)) {
+  if (!mMembers.is_object())
+    throw BadInput(origin + ": format settings must be a JSON object");
+  for (const auto& [name, value] : mMembers.items()) {
+    const MemberRow* row = nullptr;
+    for (const auto& candidate : kMembers)
+      if (candidate.name == name)
+        row = &candidate;
+    if (row == nullptr)
+      throw BadInput(origin + ": unknown format setting '" + name + "'");
+    if (!fits(value, row->kind))
+      throw BadInput(origin + ": format setting '" + name + "' must be " + kindText(row->kind));
+  }
+}
+
+std::shared_ptr<SettingsFile> SettingsFile::load(const std::filesystem::path& path) {
+  std::error_code error;
+  std::ifstream in(path);
+  if (!std::filesystem::is_regular_file(path, error) || !in)
+    throw BadInput("cannot read format settings file '" + path.string() + "'");
+  Json members = Json::parse(in, nullptr, false);
+  if (members.is_discarded())
+    throw BadInput("format settings file '" + path.string() + "' is not valid JSON");
+  return std::make_shared<SettingsFile>(std::move(members), path.string());
+}
+
+std::shared_ptr<SettingsFile> SettingsFile::family(int32_t number) {
+  const std::string name = "formats/family-" + std::to_string(number) + ".json";
+  const std::string_view* text = EmbeddedFiles::find(name);
+  if (number < 0 || text == nullptr)
+    throw BadInput("there is no format family " + std::to_string(number) + "; families are 0 to 3");
+  return std::make_shared<SettingsFile>(Json::parse(*text), name);
+}
+
+const Json& SettingsFile::member(const char* name) const {
+  auto found = mMembers.find(name);
+  if (found == mMembers.end())
+    throw RuntimeError(kMemberNotSupported);
+  return *found;
+}
+
+int32_t SettingsFile::Format() {
+  return member("Format").get<int32_t>();
+}
+bool SettingsFile::hasPeriodicalPageNumbers() {
+  return member("hasPeriodicalPageNumbers").get<bool>();
+}
+std::string SettingsFile::tooltipTextJournal() {
+  return member("tooltipTextJournal").get<std::string>();
+}
+std::string SettingsFile::tooltipTextPeriodical() {
+  return member("tooltipTextPeriodical").get<std::string>();
+}
+std::string SettingsFile::accessDateFormat() {
+  return member("accessDateFormat").get<std::string>();
+}
+bool SettingsFile::alwaysEnableAccessDate() {
+  return member("alwaysEnableAccessDate").get<bool>();
+}
+bool SettingsFile::WebsiteImpliesDate() {
+  return member("WebsiteImpliesDate").get<bool>();
+}
+
+std::shared_ptr<OutputTemplate> SettingsFile::outputTemplates(int32_t index) {
+  const auto& templates = member("outputTemplates");
+  if (index < 0 || static_cast<size_t>(index) >= templates.size())
+    throw RuntimeError(kSubscriptOutOfRange);
+  return std::make_shared<PrefixTemplate>(
+      templates[static_cast<size_t>(index)]["urlPrefixes"].get<std::vector<std::string>>());
+}
+
+bool SettingsFile::esourceShowsAuthorPopup() {
+  return member("esourceShowsAuthorPopup").get<bool>();
+}
+bool SettingsFile::esourceHasTitle() {
+  return member("esourceHasTitle").get<bool>();
+}
+bool SettingsFile::esourceHasTo() {
+  return member("esourceHasTo").get<bool>();
+}
+bool SettingsFile::emailListTitleVisible() {
+  return member("emailListTitleVisible").get<bool>();
+}
+bool SettingsFile::supportsWebtitle() {
+  return member("supportsWebtitle").get<bool>();
+}
+bool SettingsFile::SupportsURL() {
+  return member("SupportsURL").get<bool>();
+}
+bool SettingsFile::supportsAccessDate() {
+  return member("supportsAccessDate").get<bool>();
+}
+bool SettingsFile::supportsSocialMedia() {
+  return member("supportsSocialMedia").get<bool>();
+}
+int32_t SettingsFile::DegreeSupport() {
+  return member("DegreeSupport").get<int32_t>();
+}
+int32_t SettingsFile::esourceType() {
+  return member("esourceType").get<int32_t>();
+}
+
+}  // namespace kelmora::tools

@@ -1,0 +1,61 @@
+#include "render/PngConverter.h"
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+extern char** environ;
+
+namespace kelmora::tools {
+
+std::optional<std::filesystem::path> PngConverter::find(const std::string& searchPath) {
+  size_t start = 0;
+  while (start <= searchPath.size()) {
+    size_t end = searchPath.find(':', start);
+    if (end == std::string::npos)
+      end = searchPath.size();
+    const std::string directory = searchPath.substr(start, end - start);
+    if (!directory.empty()) {
+      const std::filesystem::path candidate = std::filesystem::path(directory) / kProgram;
+      if (::access(candidate.c_str(), X_OK) == 0)
+        return candidate;
+    }
+    start = end + 1;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::filesystem::path> PngConverter::find() {
+  const char* path = std::getenv("PATH");
+  return find(path != nullptr ? path : "");
+}
+
+std::string PngConverter::convert(const std::filesystem::path& converter,
+                                  const std::filesystem::path& svg,
+                                  const std::filesystem::path& png) {
+  std::vector<std::string> arguments = {converter.string(), "--format",   "png",
+                                        "--output",         png.string(), svg.string()};
+  std::vector<char*> argv;
+  for (auto& argument : arguments) argv.push_back(argument.data());
+  argv.push_back(nullptr);
+  pid_t child = 0;
+  const int started =
+      ::posix_spawn(&child, converter.c_str(), nullptr, nullptr, argv.data(), environ);
+  if (started != 0)
+    return "cannot run " + converter.string() + ": " + std::strerror(started);
+  int status = 0;
+  while (::waitpid(child, &status, 0) < 0) {
+    if (errno != EINTR)
+      return "lost track of " + converter.string() + ": " + std::strerror(errno);
+  }
+  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+    return converter.string() + " could not convert " + svg.string();
+  return {};
+}
+
+}  // namespace kelmora::tools

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace kelmora::tools {
+
+// Turns an SVG file into PNG with librsvg's rsvg-convert (Debian package
+// librsvg2-bin), run directly, without a shell. The program does without
+// it: only a PNG asked for needs it.
+class PngConverter {
+ public:
+  static constexpr const char* kProgram = "rsvg-convert";
+  static constexpr const char* kMissingMessage =
+      "PNG needs rsvg-convert, which is not installed (Debian package librsvg2-bin); "
+      "the SVG was written";
+
+  // The converter on a search path in the form of $PATH, or nothing.
+  static std::optional<std::filesystem::path> find(const std::string& searchPath);
+  // The converter on this process's $PATH.
+  static std::optional<std::filesystem::path> find();
+
+  // Runs the converter; the text of what went wrong, or empty on success.
+  static std::string convert(const std::filesystem::path& converter,
+                             const std::filesystem::path& svg, const std::filesystem::path& png);
+};
+
+}  // namespace kelmora::tools
