@@ -203,21 +203,26 @@ void BM_ModelConstruction(benchmark::State& state) {
 BENCHMARK(BM_ModelConstruction)->Arg(0)->Arg(1)->Arg(4);
 
 // Memory of a container with one Periodical frame, and what stays after
-// the container is taken off its form.
+// the container is taken off its form. A first round makes what lives for
+// the whole process (names of traced procedures, the thread's text helper);
+// the second round is the one measured.
 void BM_ContainerMemory(benchmark::State& state) {
-  bench::ScopedNoopTracing tracing;
-  for (auto _ : state) {
+  const auto round = [](int64_t& held) {
     const int64_t before = bench::AllocationCounter::liveBytes();
-    int64_t held = 0;
     {
       PeriodicalBenchHost host;
-      host.container->SynchronizeFieldsWithModel(
-          1, *std::make_unique<std::vector<std::string>>(host.sampleArticle()));
+      auto values = host.sampleArticle();
+      host.container->SynchronizeFieldsWithModel(1, values);
       held = bench::AllocationCounter::liveBytes() - before;
     }
+    return bench::AllocationCounter::liveBytes() - before;
+  };
+  int64_t held = 0;
+  round(held);
+  for (auto _ : state) {
+    const int64_t retained = round(held);
     state.counters["container bytes"] = static_cast<double>(held);
-    state.counters["retained bytes"] =
-        static_cast<double>(bench::AllocationCounter::liveBytes() - before);
+    state.counters["retained bytes"] = static_cast<double>(retained);
   }
 }
 BENCHMARK(BM_ContainerMemory)->Iterations(1);
