@@ -42,8 +42,8 @@ TEST(CommonFormProcessingFunctionsTest, GetTagSplitsKeyAndRoleAtTheFirstComma) {
       EXPECT_EQ(CommonFormProcessingFunctions::GetTag(box, false), row.key);
       EXPECT_EQ(CommonFormProcessingFunctions::GetTag(box, true), row.role);
     }
-    EXPECT_EQ(CommonFormProcessingFunctions::GetTag(nullptr, false), "");
-    EXPECT_EQ(CommonFormProcessingFunctions::GetTag(nullptr, true), "");
+    EXPECT_EQ(CommonFormProcessingFunctions::GetTag(std::shared_ptr<Object>(), false), "");
+    EXPECT_EQ(CommonFormProcessingFunctions::GetTag(std::shared_ptr<Object>(), true), "");
     EXPECT_EQ(bridge.service().countOf("before"), 0);
   });
 }
