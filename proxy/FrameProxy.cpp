@@ -21,20 +21,7 @@
 
 namespace kelmora {
 
-namespace {
-
-// A write of a widget's default property, by name as the run time does it.
-void setDefaultText(Widget& widget, const std::string& text) {
-  if (auto* box = dynamic_cast<TextBox*>(&widget))
-    return box->Text(text);
-  if (auto* combo = dynamic_cast<ComboBox*>(&widget))
-    return combo->Text(text);
-  if (auto* label = dynamic_cast<Label*>(&widget))
-    return label->Caption(text);
-  throw RuntimeError(kMemberNotSupported);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 // ---------------------------------------------------------------------------
 // Set-up and end
@@ -326,12 +313,12 @@ void FrameProxy::HandleUnsupportedReferenceType(bool supported) {
       proc.step([&] {
         // A text the user typed stays; only the instructions go.
         if (mAuthor->DefaultValue().toString() == alternateReferenceTypeInstructions) {
-          setDefaultText(*mAuthor, "");
+          mAuthor->setDefaultText("");
         }
       });
     } else {
       proc.step([&] { Late::object(mAuthor).Enabled(false); });
-      proc.step([&] { setDefaultText(*mAuthor, alternateReferenceTypeInstructions); });
+      proc.step([&] { Late::object(mAuthor).setDefaultText(alternateReferenceTypeInstructions); });
     }
   });
 }

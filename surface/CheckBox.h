@@ -23,6 +23,8 @@ class CheckBox : public Widget {
 
   const std::string& Caption() const { return mCaption; }
   void Caption(std::string_view value);
+  const std::string& caption() const override { return mCaption; }
+  void caption(std::string_view value) override { Caption(value); }
   int16_t Value() const { return mValue; }
   // Anything but 0, 1 and 2 fails with 380.
   void Value(int16_t value);

@@ -34,6 +34,7 @@ class ComboBox : public Widget {
   // drop-down combo the text is free: it raises Change, and ListIndex
   // follows silently to the entry with that text, or -1.
   void Text(std::string_view value);
+  void setDefaultText(std::string_view value) override { Text(value); }
 
   // An index outside the list fails with 381.
   const std::string& List(int16_t index) const;

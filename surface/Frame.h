@@ -22,6 +22,8 @@ class Frame : public Widget {
 
   const std::string& Caption() const { return mCaption; }
   void Caption(std::string_view value);
+  const std::string& caption() const override { return mCaption; }
+  void caption(std::string_view value) override { Caption(value); }
   int16_t BorderStyle() const { return mBorderStyle; }
   // Anything but the two styles fails with 380.
   void BorderStyle(int16_t value);

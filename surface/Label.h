@@ -25,6 +25,9 @@ class Label : public Widget {
 
   const std::string& Caption() const { return mCaption; }
   void Caption(std::string_view value);
+  const std::string& caption() const override { return mCaption; }
+  void caption(std::string_view value) override { Caption(value); }
+  void setDefaultText(std::string_view value) override { Caption(value); }
   int16_t Alignment() const { return mAlignment; }
   // Anything but the three alignments fails with 380.
   void Alignment(int16_t value);

@@ -19,6 +19,8 @@ class OptionButton : public Widget {
 
   const std::string& Caption() const { return mCaption; }
   void Caption(std::string_view value);
+  const std::string& caption() const override { return mCaption; }
+  void caption(std::string_view value) override { Caption(value); }
   bool Value() const { return mValue; }
   void Value(bool value);
 

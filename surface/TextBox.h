@@ -19,6 +19,7 @@ class TextBox : public Widget {
 
   const std::string& Text() const { return mText; }
   void Text(std::string_view value);
+  void setDefaultText(std::string_view value) override { Text(value); }
 
  private:
   std::string mText;

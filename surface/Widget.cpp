@@ -1,11 +1,10 @@
 #include "surface/Widget.h"
 
-#include "platform/Variant.h"
-
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
 #include "platform/Screen.h"
+#include "platform/Variant.h"
 #include "surface/Focus.h"
 #include "surface/UserControl.h"
 
@@ -13,6 +12,18 @@ namespace kelmora {
 
 void Widget::defaultText(std::string& out) const {
   out = DefaultValue().toString();
+}
+
+void Widget::setDefaultText(std::string_view) {
+  throw RuntimeError(kMemberNotSupported);
+}
+
+const std::string& Widget::caption() const {
+  throw RuntimeError(kMemberNotSupported);
+}
+
+void Widget::caption(std::string_view) {
+  throw RuntimeError(kMemberNotSupported);
 }
 
 int16_t Widget::Index() const {

@@ -53,6 +53,13 @@ class Widget : public Object, public std::enable_shared_from_this<Widget> {
   // The default property as text, written into `out` so that a caller that
   // keeps its buffer allocates nothing.
   virtual void defaultText(std::string& out) const;
+  // Writes the default property, as a call by name does: Text, or a
+  // label's Caption. A class without a text default fails with 438.
+  virtual void setDefaultText(std::string_view value);
+  // `caption` by name, for callers that hold any widget: the classes with a
+  // Caption answer, the others fail with 438.
+  virtual const std::string& caption() const;
+  virtual void caption(std::string_view value);
 
   const std::string& Name() const { return mName; }
   bool IsArrayMember() const { return mIndex != kNoIndex; }

@@ -6,10 +6,7 @@
 #include "platform/Late.h"
 #include "platform/RuntimeError.h"
 #include "platform/Strings.h"
-#include "surface/CheckBox.h"
-#include "surface/Frame.h"
 #include "surface/Label.h"
-#include "surface/OptionButton.h"
 
 namespace kelmora {
 
@@ -41,20 +38,6 @@ Label& asLabel(Widget* widget) {
   if (label == nullptr)
     throw RuntimeError(kTypeMismatch);
   return *label;
-}
-
-// A late-bound write of `caption`: widgets without one fail with 438.
-void setCaptionOf(Widget* target, const std::string& caption) {
-  Widget& widget = Late::object(target);
-  if (auto* label = dynamic_cast<Label*>(&widget))
-    return label->Caption(caption);
-  if (auto* option = dynamic_cast<OptionButton*>(&widget))
-    return option->Caption(caption);
-  if (auto* check = dynamic_cast<CheckBox*>(&widget))
-    return check->Caption(caption);
-  if (auto* frame = dynamic_cast<Frame*>(&widget))
-    return frame->Caption(caption);
-  throw RuntimeError(kMemberNotSupported);
 }
 
 }  // namespace
@@ -554,7 +537,7 @@ void DepWidgetToggler::toggleEnable(const Controls& controls, const Item& setIte
       proc.step(
           [&] { caption = enableCommand != kEnable ? setIter.whenDisabled : tag(asLabel(ctrl)); });
     }
-    proc.step([&] { setCaptionOf(ctrl, caption); });
+    proc.step([&] { Late::object(ctrl).caption(caption); });
   });
 }
 

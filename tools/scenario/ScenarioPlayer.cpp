@@ -387,16 +387,13 @@ void ScenarioPlayer::expect(const Scenario::Step& step) {
   check("enabled", target->Enabled());
   check("tooltip", target->ToolTipText());
   if (written.contains("caption")) {
-    if (auto* label = dynamic_cast<Label*>(target.get()))
-      check("caption", label->Caption());
-    else if (auto* option = dynamic_cast<OptionButton*>(target.get()))
-      check("caption", option->Caption());
-    else if (auto* box = dynamic_cast<CheckBox*>(target.get()))
-      check("caption", box->Caption());
-    else if (auto* frame = dynamic_cast<Frame*>(target.get()))
-      check("caption", frame->Caption());
-    else
+    const std::string* caption = nullptr;
+    try {
+      caption = &target->caption();
+    } catch (const RuntimeError&) {
       throw BadInput("'" + ref + "' is a " + target->ClassName() + ", which has no caption");
+    }
+    check("caption", *caption);
   }
   if (written.contains("text")) {
     if (auto* box = dynamic_cast<TextBox*>(target.get()))
