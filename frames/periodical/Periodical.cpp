@@ -742,7 +742,13 @@ void Periodical::ArrangeAllFields() {
     // A hidden row is not touched: it keeps its last place, unseen.
     for (i = kFirstMovingRow; i <= upper; ++i) {
       bool taken = false;
-      proc.step([&] { taken = textBox(i)->Visible() || isRefersToRowVisible(i); });
+      proc.step([&] {
+        // Both sides are evaluated, as the run time's Or does: the refers-to
+        // test runs (and is traced) even for a row whose box is shown.
+        const bool boxShown = textBox(i)->Visible();
+        const bool refersToShown = isRefersToRowVisible(i);
+        taken = boxShown || refersToShown;
+      });
       if (!taken)
         continue;
       proc.step([&] { textBox(i)->Top(rowTop(j)); });
