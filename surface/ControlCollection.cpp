@@ -16,9 +16,26 @@ const std::shared_ptr<Widget>& ControlCollection::Item(int32_t index) const {
   return mWidgets[static_cast<size_t>(index)];
 }
 
-const std::vector<std::shared_ptr<Widget>>* ControlCollection::named(std::string_view name) const {
+const ControlCollection::Members* ControlCollection::membersOf(std::string_view name) const {
   auto found = mByName.find(name);
   return found == mByName.end() ? nullptr : &found->second;
+}
+
+const std::vector<std::shared_ptr<Widget>>* ControlCollection::named(std::string_view name) const {
+  const auto* members = membersOf(name);
+  return members == nullptr ? nullptr : &members->all;
+}
+
+void ControlCollection::reindex(Members& members) {
+  members.byIndex.clear();
+  for (const auto& widget : members.all) {
+    if (widget->mIndex < 0)
+      continue;
+    const auto slot = static_cast<size_t>(widget->mIndex);
+    if (members.byIndex.size() <= slot)
+      members.byIndex.resize(slot + 1, nullptr);
+    members.byIndex[slot] = &widget;
+  }
 }
 
 const std::vector<std::shared_ptr<Widget>>& ControlCollection::members(
@@ -35,10 +52,10 @@ const std::shared_ptr<Widget>& ControlCollection::Item(std::string_view name) co
 }
 
 const std::shared_ptr<Widget>& ControlCollection::Item(std::string_view name, int16_t index) const {
-  if (const auto* members = named(name)) {
-    for (const auto& widget : *members) {
-      if (widget->mIndex == index)
-        return widget;
+  if (const auto* members = membersOf(name)) {
+    if (index >= 0 && static_cast<size_t>(index) < members->byIndex.size()) {
+      if (const auto* widget = members->byIndex[static_cast<size_t>(index)])
+        return *widget;
     }
   }
   throw RuntimeError(kInvalidProcedureCall);
@@ -70,7 +87,9 @@ void ControlCollection::adopt(const std::shared_ptr<Widget>& widget, const std::
   widget->mParent = mOwner;
   widget->mContainer = container;
   mWidgets.push_back(widget);
-  mByName[name].push_back(widget);
+  auto& members = mByName[name];
+  members.all.push_back(widget);
+  reindex(members);
   mOwner->notify(WidgetProperty::Controls);
 }
 
@@ -116,9 +135,12 @@ void ControlCollection::Remove(const std::string& name) {
     auto members = mByName.find(widget->Name());
     if (members == mByName.end())
       continue;
-    std::erase_if(members->second, isLeaving);
-    if (members->second.empty())
+    std::erase_if(members->second.all, isLeaving);
+    if (members->second.all.empty()) {
       mByName.erase(members);
+    } else {
+      reindex(members->second);
+    }
   }
   for (const auto& widget : leaving) {
     widget->mParent = nullptr;

@@ -68,9 +68,16 @@ class ControlCollection : public Object {
       return static_cast<size_t>(hash);
     }
   };
-  using ByName = std::unordered_map<std::string, std::vector<std::shared_ptr<Widget>>, NameHash,
-                                    std::equal_to<>>;
+  // The members of one name in creation order, and the members of an array
+  // by Index (an empty slot where no member has that Index).
+  struct Members {
+    std::vector<std::shared_ptr<Widget>> all;
+    std::vector<const std::shared_ptr<Widget>*> byIndex;
+  };
+  using ByName = std::unordered_map<std::string, Members, NameHash, std::equal_to<>>;
+  const Members* membersOf(std::string_view name) const;
   const std::vector<std::shared_ptr<Widget>>* named(std::string_view name) const;
+  static void reindex(Members& members);
 
   UserControl* mOwner;
   std::vector<std::shared_ptr<Widget>> mWidgets;
