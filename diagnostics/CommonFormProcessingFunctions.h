@@ -36,8 +36,7 @@ class CommonFormProcessingFunctions {
                                                   std::string_view verifyTag);
   template <typename T>
   requires std::is_base_of_v<Widget, T>
-  static std::shared_ptr<T> getWidgetWithTag(const std::shared_ptr<T>& obj,
-                                             std::string_view verifyTag) {
+  static std::shared_ptr<T> getWidgetWithTag(std::shared_ptr<T> obj, std::string_view verifyTag) {
     readTagOf(obj.get(), obj.get(), verifyTag);
     return obj;
   }

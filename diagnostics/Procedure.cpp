@@ -2,6 +2,11 @@
 
 namespace kelmora {
 
+namespace {
+// The parameter text while parameters are not traced.
+constinit const std::string kNoText;
+}  // namespace
+
 Procedure::Procedure(const Dumpable* owner, const ProcedureName& name,
                      std::initializer_list<VarRef> parameters)
     : mOwner(owner), mName(name) {
@@ -27,8 +32,7 @@ void Procedure::prologue() {
       vbwProtector::vbwProcIn(mName.qualified(), vbwProtector::parameterText(std::span(
                                                      mVariables.data(), mParameterCount)));
     } else {
-      static const std::string noText;
-      vbwProtector::vbwProcIn(mName.qualified(), noText);
+      vbwProtector::vbwProcIn(mName.qualified(), kNoText);
     }
   };
   stepAt(0, traceIn);

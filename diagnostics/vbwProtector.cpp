@@ -52,7 +52,7 @@ std::shared_ptr<TracingService>& vbwProtector::tracingOwner() {
   return owner;
 }
 
-TracingService& vbwProtector::tracingObject() {
+TracingService& vbwProtector::lookUpTracingObject() {
   auto& cached = state().tracingObject;
   if (cached == nullptr) {
     // Attach to the host's running bridge; none is ever created here.
@@ -67,14 +67,6 @@ TracingService& vbwProtector::tracingObject() {
     cached = tracingOwner().get();
   }
   return *cached;
-}
-
-void vbwProtector::vbwProcIn(const std::string& qualifiedName, const std::string& parameterText) {
-  tracingObject().vbwProcIn(qualifiedName, parameterText);
-}
-
-void vbwProtector::vbwProcOut() {
-  tracingObject().vbwProcOut();
 }
 
 std::string vbwProtector::vbwReportParameter(const std::string& name, const Variant& value) {

@@ -47,8 +47,12 @@ class vbwProtector {
   static bool hasTracingObject() { return state().tracingObject != nullptr; }
 
   // The wrappers of the tracing object's members.
-  static void vbwProcIn(const std::string& qualifiedName, const std::string& parameterText);
-  static void vbwProcOut();
+  // Entry and exit run on every traced call: inline, with the look-up of
+  // the tracing object out of line.
+  static void vbwProcIn(const std::string& qualifiedName, const std::string& parameterText) {
+    tracingObject().vbwProcIn(qualifiedName, parameterText);
+  }
+  static void vbwProcOut() { tracingObject().vbwProcOut(); }
   static std::string vbwReportParameter(const std::string& name, const Variant& value);
   static void vbwReportVariable(const std::string& name, const Variant& value);
   static void vbwReportObject(const std::string& name, const std::shared_ptr<Object>& object);
@@ -91,7 +95,12 @@ class vbwProtector {
 
   static ThreadState& state() { return tState; }
   static std::shared_ptr<TracingService>& tracingOwner();
-  static TracingService& tracingObject();
+  static TracingService& tracingObject() {
+    if (TracingService* cached = tState.tracingObject)
+      return *cached;
+    return lookUpTracingObject();
+  }
+  static TracingService& lookUpTracingObject();
   static void globalDump();
 };
 

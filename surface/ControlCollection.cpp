@@ -17,8 +17,16 @@ const std::shared_ptr<Widget>& ControlCollection::Item(int32_t index) const {
 }
 
 const ControlCollection::Members* ControlCollection::membersOf(std::string_view name) const {
+  for (const auto& [recent, members] : mRecent) {
+    if (members != nullptr && recent == name)
+      return members;
+  }
   auto found = mByName.find(name);
-  return found == mByName.end() ? nullptr : &found->second;
+  if (found == mByName.end())
+    return nullptr;
+  mRecent[mNextRecent] = {found->first, &found->second};
+  mNextRecent = (mNextRecent + 1) % mRecent.size();
+  return &found->second;
 }
 
 const std::vector<std::shared_ptr<Widget>>* ControlCollection::named(std::string_view name) const {
@@ -90,6 +98,7 @@ void ControlCollection::adopt(const std::shared_ptr<Widget>& widget, const std::
   auto& members = mByName[name];
   members.all.push_back(widget);
   reindex(members);
+  mRecent = {};
   mOwner->notify(WidgetProperty::Controls);
 }
 
@@ -127,6 +136,7 @@ void ControlCollection::Remove(const std::string& name) {
     if (auto control = std::dynamic_pointer_cast<UserControl>(widget))
       control->terminate();
   }
+  mRecent = {};
   const auto isLeaving = [&](const std::shared_ptr<Widget>& widget) {
     return std::find(leaving.begin(), leaving.end(), widget) != leaving.end();
   };
@@ -154,6 +164,7 @@ void ControlCollection::detachAll() {
   auto widgets = std::move(mWidgets);
   mWidgets.clear();
   mByName.clear();
+  mRecent = {};
   for (const auto& widget : widgets) {
     widget->mParent = nullptr;
     widget->mContainer = nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -82,6 +83,10 @@ class ControlCollection : public Object {
   UserControl* mOwner;
   std::vector<std::shared_ptr<Widget>> mWidgets;
   ByName mByName;
+  // The names looked up last: a frame asks for the same few arrays over and
+  // over. Emptied whenever the collection changes.
+  mutable std::array<std::pair<std::string_view, const Members*>, 4> mRecent{};
+  mutable size_t mNextRecent = 0;
 };
 
 }  // namespace kelmora
