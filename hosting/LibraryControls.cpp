@@ -4,6 +4,7 @@
 
 #include "frames/periodical/Periodical.h"
 #include "hosting/FrameContainer.h"
+#include "hosting/Startup.h"
 #include "surface/ControlRegistry.h"
 
 namespace kelmora {
@@ -11,10 +12,15 @@ namespace kelmora {
 void LibraryControls::Register() {
   static std::once_flag once;
   std::call_once(once, [] {
-    ControlRegistry::Register(
-        ControlRegistry::kFrameContainer,
-        []() -> std::shared_ptr<UserControl> { return std::make_shared<FrameContainer>(); });
+    // The start-up routine runs before the first library object of a
+    // thread, whichever object that is.
+    ControlRegistry::Register(ControlRegistry::kFrameContainer,
+                              []() -> std::shared_ptr<UserControl> {
+                                Startup::ensureForThisThread();
+                                return std::make_shared<FrameContainer>();
+                              });
     ControlRegistry::Register(ControlRegistry::kPeriodical, []() -> std::shared_ptr<UserControl> {
+      Startup::ensureForThisThread();
       return std::make_shared<Periodical>();
     });
   });

@@ -1,6 +1,7 @@
 #include "toggler/DepWidgetToggler.h"
 
 #include <array>
+#include <source_location>
 
 #include "diagnostics/Procedure.h"
 #include "platform/Late.h"
@@ -485,33 +486,41 @@ void DepWidgetToggler::toggleEnable(const Controls& controls, const Item& setIte
                  {arg("setIter", setIter.text), arg("enableCommand", enableCommand)}};
   proc.run([&] {
     if (!setIter.isCaption) {
+      Widget* widget = nullptr;
+      bool isTextBox = false;
       proc.step([&] {
-        Widget& widget = widgetAt(controls, setIter.index, setIter.indexError);
-        const bool isTextBox = widget.ClassName() == "TextBox";
-        switch (enableCommand) {
-          case kDisable:
-            // A disabled text box keeps its visibility; anything else is
-            // shown greyed.
-            widget.Enabled(false);
-            if (isTextBox) {
-              widget.BackColor(kColorInactiveBorder);
-            } else {
-              widget.Visible(true);
-            }
-            break;
-          case kEnable:
-            if (isTextBox)
-              widget.BackColor(kColorWindowBackground);
-            widget.Visible(true);
-            widget.Enabled(true);
-            break;
-          case kHide:
-            widget.Visible(false);
-            break;
-          default:
-            break;
-        }
+        widget = &widgetAt(controls, setIter.index, setIter.indexError);
+        isTextBox = widget->ClassName() == "TextBox";
       });
+      // One statement per property, so that going on past a failure skips
+      // only that property.
+      const auto set = [&](auto&& write,
+                           std::source_location where = std::source_location::current()) {
+        proc.step([&] { write(Late::object(widget)); }, where);
+      };
+      switch (enableCommand) {
+        case kDisable:
+          // A disabled text box keeps its visibility; anything else is
+          // shown greyed.
+          set([](Widget& w) { w.Enabled(false); });
+          if (isTextBox) {
+            set([](Widget& w) { w.BackColor(kColorInactiveBorder); });
+          } else {
+            set([](Widget& w) { w.Visible(true); });
+          }
+          break;
+        case kEnable:
+          if (isTextBox)
+            set([](Widget& w) { w.BackColor(kColorWindowBackground); });
+          set([](Widget& w) { w.Visible(true); });
+          set([](Widget& w) { w.Enabled(true); });
+          break;
+        case kHide:
+          set([](Widget& w) { w.Visible(false); });
+          break;
+        default:
+          break;
+      }
       return;
     }
     Widget* ctrl = nullptr;
