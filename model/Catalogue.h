@@ -62,6 +62,24 @@ struct Catalogue {
   std::span<const PositionRow> synchronizableControlIndices;
   std::span<const TooltipRow> tooltips;
 
+  // The catalogue of a type's table of constants, which names its tables
+  // and numbers alike in every type.
+  template <typename Constants>
+  static constexpr Catalogue of() {
+    return Catalogue{
+        .synchronizableKeys = Constants::kSynchronizableKeys,
+        .synchronizableKeysUpperBound = Constants::kSynchronizableKeysUpperBound,
+        .settings = Constants::kSettings,
+        .referenceFormDisplayIndex = Constants::kReferenceFormDisplayIndex,
+        .keyIndex = Constants::kKeyIndex,
+        .secondKeyIndex = Constants::kSecondKeyIndex,
+        .keyToOverallIndex = Constants::kKeyToOverallIndex,
+        .numAfterV4Keywords = Constants::kNumAfterV4Keywords,
+        .synchronizableControlIndices = Constants::kSynchronizableControlIndices,
+        .tooltips = Constants::kTooltips,
+    };
+  }
+
   // The checks a catalogue must pass at compile time: every row in its
   // place, the shared indices left to the model, and the table sizes that
   // the model's index arithmetic relies on.

@@ -116,18 +116,7 @@ struct EsourceCatalogue {
   };
   // clang-format on
 
-  static constexpr Catalogue kCatalogue{
-      .synchronizableKeys = kSynchronizableKeys,
-      .synchronizableKeysUpperBound = kSynchronizableKeysUpperBound,
-      .settings = kSettings,
-      .referenceFormDisplayIndex = kReferenceFormDisplayIndex,
-      .keyIndex = kKeyIndex,
-      .secondKeyIndex = kSecondKeyIndex,
-      .keyToOverallIndex = kKeyToOverallIndex,
-      .numAfterV4Keywords = kNumAfterV4Keywords,
-      .synchronizableControlIndices = kSynchronizableControlIndices,
-      .tooltips = kTooltips,
-  };
+  static const Catalogue kCatalogue;
 };
 
 static_assert(std::size(EsourceCatalogue::kSynchronizableKeys) == 11);
@@ -135,6 +124,7 @@ static_assert(std::size(EsourceCatalogue::kSettings) == 12);
 static_assert(std::size(EsourceCatalogue::kKeyToOverallIndex) == 20);
 static_assert(std::size(EsourceCatalogue::kSynchronizableControlIndices) == 12);
 static_assert(std::size(EsourceCatalogue::kTooltips) == 4);
+inline constexpr Catalogue EsourceCatalogue::kCatalogue = Catalogue::of<EsourceCatalogue>();
 static_assert(Catalogue::isWellFormed(EsourceCatalogue::kCatalogue));
 
 }  // namespace kelmora

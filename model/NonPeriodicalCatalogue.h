@@ -175,18 +175,7 @@ struct NonPeriodicalCatalogue {
   };
   // clang-format on
 
-  static constexpr Catalogue kCatalogue{
-      .synchronizableKeys = kSynchronizableKeys,
-      .synchronizableKeysUpperBound = kSynchronizableKeysUpperBound,
-      .settings = kSettings,
-      .referenceFormDisplayIndex = kReferenceFormDisplayIndex,
-      .keyIndex = kKeyIndex,
-      .secondKeyIndex = kSecondKeyIndex,
-      .keyToOverallIndex = kKeyToOverallIndex,
-      .numAfterV4Keywords = kNumAfterV4Keywords,
-      .synchronizableControlIndices = kSynchronizableControlIndices,
-      .tooltips = kTooltips,
-  };
+  static const Catalogue kCatalogue;
 };
 
 static_assert(std::size(NonPeriodicalCatalogue::kSynchronizableKeys) == 25);
@@ -194,6 +183,8 @@ static_assert(std::size(NonPeriodicalCatalogue::kSettings) == 12);
 static_assert(std::size(NonPeriodicalCatalogue::kKeyToOverallIndex) == 42);
 static_assert(std::size(NonPeriodicalCatalogue::kSynchronizableControlIndices) == 26);
 static_assert(std::size(NonPeriodicalCatalogue::kTooltips) == 14);
+inline constexpr Catalogue NonPeriodicalCatalogue::kCatalogue =
+    Catalogue::of<NonPeriodicalCatalogue>();
 static_assert(Catalogue::isWellFormed(NonPeriodicalCatalogue::kCatalogue));
 
 }  // namespace kelmora

@@ -162,18 +162,7 @@ struct PeriodicalCatalogue {
   };
   // clang-format on
 
-  static constexpr Catalogue kCatalogue{
-      .synchronizableKeys = kSynchronizableKeys,
-      .synchronizableKeysUpperBound = kSynchronizableKeysUpperBound,
-      .settings = kSettings,
-      .referenceFormDisplayIndex = kReferenceFormDisplayIndex,
-      .keyIndex = kKeyIndex,
-      .secondKeyIndex = kSecondKeyIndex,
-      .keyToOverallIndex = kKeyToOverallIndex,
-      .numAfterV4Keywords = kNumAfterV4Keywords,
-      .synchronizableControlIndices = kSynchronizableControlIndices,
-      .tooltips = kTooltips,
-  };
+  static const Catalogue kCatalogue;
 };
 
 static_assert(std::size(PeriodicalCatalogue::kSynchronizableKeys) == 23);
@@ -181,6 +170,7 @@ static_assert(std::size(PeriodicalCatalogue::kSettings) == 12);
 static_assert(std::size(PeriodicalCatalogue::kKeyToOverallIndex) == 38);
 static_assert(std::size(PeriodicalCatalogue::kSynchronizableControlIndices) == 24);
 static_assert(std::size(PeriodicalCatalogue::kTooltips) == 9);
+inline constexpr Catalogue PeriodicalCatalogue::kCatalogue = Catalogue::of<PeriodicalCatalogue>();
 static_assert(Catalogue::isWellFormed(PeriodicalCatalogue::kCatalogue));
 
 }  // namespace kelmora
