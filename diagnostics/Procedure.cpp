@@ -4,7 +4,10 @@ namespace kelmora {
 
 namespace {
 // The parameter text while parameters are not traced.
-constinit const std::string kNoText;
+const std::string& noText() {
+  static const std::string text;
+  return text;
+}
 }  // namespace
 
 Procedure::Procedure(const Dumpable* owner, const ProcedureName& name,
@@ -32,7 +35,7 @@ void Procedure::prologue() {
       vbwProtector::vbwProcIn(mName.qualified(), vbwProtector::parameterText(std::span(
                                                      mVariables.data(), mParameterCount)));
     } else {
-      vbwProtector::vbwProcIn(mName.qualified(), kNoText);
+      vbwProtector::vbwProcIn(mName.qualified(), noText());
     }
   };
   stepAt(0, traceIn);

@@ -66,6 +66,7 @@ class Procedure {
   void run(Body&& body) {
     try {
       prologue();
+      const LocalsScope locals{*this};
       body();
     } catch (const Leave&) {
     } catch (const Exit&) {
@@ -81,6 +82,7 @@ class Procedure {
     bool left = false;
     try {
       prologue();
+      const LocalsScope locals{*this};
       body(result);
     } catch (const Leave&) {
       left = true;
@@ -97,6 +99,13 @@ class Procedure {
   // Leave drops the result, Exit keeps it.
   struct Leave {};
   struct Exit {};
+
+  // The locals live in the body: once it has ended, however it ended, the
+  // dump of a failing epilogue must not read them.
+  struct LocalsScope {
+    Procedure& procedure;
+    ~LocalsScope() { procedure.mVariableCount = procedure.mParameterCount; }
+  };
 
   template <typename Statement>
   void stepAt(int32_t line, Statement& statement) {

@@ -3,6 +3,7 @@
 #include "diagnostics/CommonFormProcessingFunctions.h"
 #include "diagnostics/Procedure.h"
 #include "hosting/Main2.h"
+#include "platform/FirstFailure.h"
 #include "platform/Late.h"
 #include "proxy/FrameProxy.h"
 #include "proxy/ReferenceFrame.h"
@@ -480,17 +481,24 @@ void FrameContainer::OLEDragDrop(Widget& source, std::shared_ptr<DataObject>& Da
 // The end
 
 void FrameContainer::Terminate() {
+  // No failure path of its own, yet every release must happen: a proxy
+  // whose frame was never made (a type without a frame, after an answer to
+  // go on) has no widget to remove, and that must not keep the later frames
+  // or the host's references alive. The first failure reaches the caller
+  // once all is released.
+  FirstFailure failure;
   for (int16_t i = 0; i <= 4; ++i) {
     auto& proxy = mFrames[static_cast<size_t>(i)];
     if (!proxy)
       continue;
-    proxy->classEnd();
+    failure.attempt([&] { proxy->classEnd(); });
     proxy.reset();
-    Controls().Remove(frameName(i));
+    failure.attempt([&] { Controls().Remove(frameName(i)); });
   }
   mCallback.reset();
   mController.reset();
-  vbwProtector::vbwExitThread(false);
+  failure.attempt([] { vbwProtector::vbwExitThread(false); });
+  failure.raise();
 }
 
 void FrameContainer::vbwDump() const {

@@ -74,7 +74,7 @@ void FrameProxy::initControls(const std::shared_ptr<Object>& controls) {
     for (i = 0; i <= upper; ++i) {
       proc.step([&] {
         Arrays::at(mControls, j) = Late::object(collection).Item(i);
-        if (!Arrays::at(mControls, j)->Tag().starts_with("vIgnore_"))
+        if (!Late::object(Arrays::at(mControls, j)).Tag().starts_with("vIgnore_"))
           ++j;
       });
     }
@@ -312,8 +312,9 @@ void FrameProxy::HandleUnsupportedReferenceType(bool supported) {
       proc.step([&] { Late::object(mAuthor).Enabled(true); });
       proc.step([&] {
         // A text the user typed stays; only the instructions go.
-        if (mAuthor->DefaultValue().toString() == alternateReferenceTypeInstructions) {
-          mAuthor->setDefaultText("");
+        auto& author = Late::object(mAuthor);
+        if (author.DefaultValue().toString() == alternateReferenceTypeInstructions) {
+          author.setDefaultText("");
         }
       });
     } else {

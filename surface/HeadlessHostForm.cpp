@@ -1,7 +1,9 @@
 #include "surface/HeadlessHostForm.h"
 
+#include "platform/FirstFailure.h"
 #include "platform/RuntimeError.h"
 #include "surface/ControlRegistry.h"
+#include "surface/MessageBox.h"
 
 namespace kelmora {
 
@@ -49,7 +51,14 @@ class Controls : public HostControls {
 HeadlessHostForm::HeadlessHostForm() : mPlaced(std::make_shared<Placed>()) {}
 
 HeadlessHostForm::~HeadlessHostForm() {
-  unload();
+  // A destructor has nobody to hand a failure to; a host that wants to hear
+  // it unloads the form first. It is still shown, not dropped.
+  try {
+    unload();
+  } catch (const RuntimeError& error) {
+    MessageBox::MsgBox("Unloading the form failed with " + std::to_string(error.Number()) + ": " +
+                       error.Description());
+  }
 }
 
 std::shared_ptr<HostControls> HeadlessHostForm::controls() {
@@ -74,11 +83,13 @@ void HeadlessHostForm::remove(const std::string& name) {
 }
 
 void HeadlessHostForm::unload() {
+  FirstFailure failure;
   while (!mPlaced->controls.empty()) {
     auto control = mPlaced->controls.back();
     mPlaced->controls.pop_back();
-    control->terminate();
+    failure.attempt([&] { control->terminate(); });
   }
+  failure.raise();
 }
 
 }  // namespace kelmora

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/FirstFailure.h"
 #include "platform/OpenForms.h"
 #include "platform/Screen.h"
 #include "surface/CheckBox.h"
@@ -184,13 +185,17 @@ void UserControl::terminate() {
     return;
   mTerminated = true;
   auto keep = weak_from_this().lock();
-  UserControl_Terminate();
+  // Nested controls end even when this one's own end fails.
+  FirstFailure failure;
+  failure.attempt([&] { UserControl_Terminate(); });
   std::vector<std::shared_ptr<UserControl>> nested;
   for (const auto& widget : *mControls) {
     if (auto control = std::dynamic_pointer_cast<UserControl>(widget))
       nested.push_back(control);
   }
-  for (auto it = nested.rbegin(); it != nested.rend(); ++it) (*it)->terminate();
+  for (auto it = nested.rbegin(); it != nested.rend(); ++it)
+    failure.attempt([&] { (*it)->terminate(); });
+  failure.raise();
 }
 
 }  // namespace kelmora

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <typeinfo>
 
+#include "platform/Late.h"
 #include "platform/RuntimeError.h"
 #include "surface/ControlCollection.h"
 #include "surface/FormRow.h"
@@ -74,7 +75,8 @@ class UserControl : public Widget, public WidgetEvents {
     const auto& found = index == kNoIndex ? mControls->Item(name) : mControls->Item(name, index);
     // Frames look their widgets up on every keystroke; the exact class is
     // the usual case and needs no search of the class tree.
-    if (typeid(*found) == typeid(T))
+    const Widget& foundWidget = Late::object(found);
+    if (typeid(foundWidget) == typeid(T))
       return std::static_pointer_cast<T>(found);
     auto typed = std::dynamic_pointer_cast<T>(found);
     if (!typed)

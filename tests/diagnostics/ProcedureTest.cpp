@@ -186,6 +186,23 @@ TEST(ProcedureTest, TheDumpReportsTheCallTheObjectAndTheProcess) {
   });
 }
 
+TEST(ProcedureTest, AFailingExitReportDumpsOnlyWhatStillLives) {
+  onFreshThread([] {
+    ScopedBridge bridge;
+    bridge.service().failing["vbwProcOut"] = kMemberNotSupported;
+    vbwProtector::vbwTraceProc() = true;
+    Sample sample;
+    // The body has ended when the exit report fails: its locals are gone,
+    // the parameters are not.
+    EXPECT_EQ(sample.Work(kSubscriptOutOfRange, 0), 42);
+    EXPECT_EQ(bridge.service().countOf("before Kelmora Sample Work 0 438"), 1);
+    EXPECT_EQ(bridge.service().callsStartingWith("var "),
+              (std::vector<std::string>{"var number=9", "var mCount=7", "var mName=sample",
+                                        "var vbwProtector.vbwTraceProc=True",
+                                        "var vbwProtector.vbwTraceParameters=False"}));
+  });
+}
+
 TEST(ProcedureTest, ALargeErrorNumberFailsTheCallersStatementInstead) {
   onFreshThread([] {
     ScopedBridge bridge;

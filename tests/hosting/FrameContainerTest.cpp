@@ -5,6 +5,7 @@
 #include "diagnostics/vbwProtector.h"
 #include "proxy/FrameProxy.h"
 #include "support/ContainerHost.h"
+#include "support/ErrorOf.h"
 #include "support/FreshThread.h"
 #include "support/SettingsBuilder.h"
 #include "support/TestFrame.h"
@@ -120,6 +121,27 @@ TEST(FrameContainerTest, GetControlsNeedsTheShownFrameToExist) {
     EXPECT_EQ(host.failures(), (std::vector<std::string>{"FrameContainer.getControls 5"}));
     host.container->SetVisibleFrame(0);
     EXPECT_EQ(host.container->getControls()->Count(), 43);
+  });
+}
+
+TEST(FrameContainerTest, AFrameThatCouldNotBeMadeIsReachedOnlyThroughCheckedAccess) {
+  scenario([] {
+    ContainerHost host;
+    std::weak_ptr<HostCallback> callback = host.callback;
+    host.callback.reset();
+    // Type 2 has no frame. Told to go on, the container makes a proxy on a
+    // missing widget; each statement that needs the widget fails with 91.
+    host.container->HandleUnsupportedReferenceType(2, true);
+    host.container->HandleUnsupportedReferenceType(2, false);
+    host.container->SetVisibleFrame(4);
+    const auto failures = host.failures();
+    EXPECT_GE(count(failures, "FrameProxy.HandleUnsupportedReferenceType 91"), 2)
+        << ::testing::PrintToString(failures);
+    // Taking the container off its form reports the widget it could not
+    // remove, and still ends the other frames and lets go of the host.
+    EXPECT_EQ(testing::errorOf([&] { host.form->remove("Container"); }), kInvalidProcedureCall);
+    EXPECT_EQ(count(TestFrame::log(), "EsourceFrame.Terminate with 21 widgets"), 2);
+    EXPECT_TRUE(callback.expired());
   });
 }
 

@@ -24,6 +24,21 @@ TEST(PngConverterTest, FindsAnExecutableConverterOnTheSearchPath) {
   EXPECT_EQ(PngConverter::find("/nowhere:" + (dir.path() / "bin").string()), program);
 }
 
+TEST(PngConverterTest, AFailingConverterIsReportedInOneLineOfOurOwn) {
+  ScratchDir dir;
+  const auto program = dir.path() / PngConverter::kProgram;
+  std::ofstream(program) << "#!/bin/sh\necho 'converter noise' >&2\necho 'more noise'\nexit 3\n";
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  ::testing::internal::CaptureStderr();
+  ::testing::internal::CaptureStdout();
+  const std::string problem =
+      PngConverter::convert(program, dir.path() / "form.svg", dir.path() / "form.png");
+  const std::string printed =
+      ::testing::internal::GetCapturedStderr() + ::testing::internal::GetCapturedStdout();
+  EXPECT_NE(problem.find("could not convert"), std::string::npos) << problem;
+  EXPECT_EQ(printed, "");
+}
+
 TEST(PngConverterTest, RenderWritesPngWhenItCanAndSaysWhyWhenItCannot) {
   ScratchDir dir;
   const std::string svg = (dir.path() / "form.svg").string();

@@ -4,6 +4,7 @@
 
 #include "host/RecordingSink.h"
 #include "host/ToolHost.h"
+#include "host/ToolTracingService.h"
 #include "support/FreshThread.h"
 #include "surface/MessageBox.h"
 #include "tools/KelmoraRun.h"
@@ -55,6 +56,21 @@ TEST(ScenarioPlayerTest, FailureReportsArePrintedAndPlayGoesOn) {
   EXPECT_GE(modelFailures, 1);
   ASSERT_EQ(run.events("result").size(), 1u);
   EXPECT_TRUE(run.events("result")[0]["value"].is_null()) << "no model for a type out of range";
+}
+
+TEST(ScenarioPlayerTest, AHostThatAlwaysRetriesGivesUpAndSaysSo) {
+  ScratchDir dir;
+  // Model(9) fails the same way every time it runs.
+  const std::string path = dir.write(
+      "scenario.json",
+      R"({"host": {"failureAnswer": 4}, "steps": [{"call": "Model", "args": {"whichType": 9}}]})");
+  const KelmoraRun run = KelmoraRun::of({"play", path});
+  EXPECT_EQ(run.status, 0) << run.err;
+  const auto givenUp = run.events("retriesGivenUp");
+  ASSERT_EQ(givenUp.size(), 1u) << run.out;
+  EXPECT_EQ(givenUp[0]["retriesGivenUp"]["procedure"], "Main2.model[Get]");
+  EXPECT_EQ(givenUp[0]["retriesGivenUp"]["retries"], ToolTracingService::kMaxRetries);
+  EXPECT_EQ(run.events("failure").size(), static_cast<size_t>(ToolTracingService::kMaxRetries + 1));
 }
 
 // Each row: steps, the exit status, and the unmet property if any.

@@ -10,6 +10,7 @@
 #include "host/BadInput.h"
 #include "host/FieldValues.h"
 #include "host/JsonLinesSink.h"
+#include "host/JsonReader.h"
 #include "host/RecordingSink.h"
 #include "host/SettingsFile.h"
 #include "host/ToolCallback.h"
@@ -50,17 +51,6 @@ int16_t referenceType(const std::string& text) {
                  "': use periodical (1), nonperiodical (0) or esource (4)");
 }
 
-Json readJsonFile(const std::string& path, const char* what) {
-  std::error_code error;
-  std::ifstream in(path);
-  if (!std::filesystem::is_regular_file(path, error) || !in)
-    throw BadInput(std::string("cannot read ") + what + " '" + path + "'");
-  Json document = Json::parse(in, nullptr, false);
-  if (document.is_discarded())
-    throw BadInput(std::string(what) + " '" + path + "' is not valid JSON");
-  return document;
-}
-
 int render(const RenderOptions& options, std::ostream& err) {
   const int16_t whichType = referenceType(options.type);
   if (options.family.has_value() == !options.settings.empty())
@@ -68,7 +58,9 @@ int render(const RenderOptions& options, std::ostream& err) {
   std::shared_ptr<SettingsFile> settings =
       options.family ? SettingsFile::family(*options.family) : SettingsFile::load(options.settings);
   const Json values =
-      options.values.empty() ? Json::object() : readJsonFile(options.values, "values file");
+      options.values.empty()
+          ? Json::object()
+          : JsonReader::read(options.values, "values file '" + options.values + "'");
 
   RecordingSink sink;
   ToolHost host(sink, {});

@@ -21,13 +21,10 @@ namespace kelmora::tools {
 namespace {
 
 std::string asText(const Json& value, const std::string& origin, const std::string& key) {
+  // Field values are texts as the host holds them: "12", "True".
   if (value.is_string())
     return value.get<std::string>();
-  if (value.is_boolean())
-    return value.get<bool>() ? "True" : "False";
-  if (value.is_number_integer())
-    return std::to_string(value.get<int64_t>());
-  throw BadInput(origin + ": the value of '" + key + "' must be a text, a number or true/false");
+  throw BadInput(origin + ": the value of '" + key + "' must be a text");
 }
 
 }  // namespace

@@ -58,6 +58,10 @@ void ReadableSink::emit(const Json& event) {
     mOut << "  !! " << (failed.contains("operation") ? "ending the container" : "the call")
          << " failed with " << failed["number"] << ": " << failed["description"].get<std::string>()
          << '\n';
+  } else if (event.contains("retriesGivenUp")) {
+    const auto& given = event["retriesGivenUp"];
+    mOut << "  !! gave up retrying " << given["procedure"].get<std::string>() << " after "
+         << given["retries"] << " retries; answered 0 (leave)\n";
   } else if (event.contains("unmet")) {
     mOut << "  !! expectation not met: " << event["unmet"].dump() << '\n';
   } else {

@@ -6,6 +6,7 @@
 
 #include "host/BadInput.h"
 #include "host/EmbeddedFiles.h"
+#include "host/JsonReader.h"
 #include "platform/RuntimeError.h"
 #include "surface/OutputTemplate.h"
 
@@ -115,13 +116,7 @@ SettingsFile::SettingsFile(Json members, const std::string& origin) : mMembers(s
 }
 
 std::shared_ptr<SettingsFile> SettingsFile::load(const std::filesystem::path& path) {
-  std::error_code error;
-  std::ifstream in(path);
-  if (!std::filesystem::is_regular_file(path, error) || !in)
-    throw BadInput("cannot read format settings file '" + path.string() + "'");
-  Json members = Json::parse(in, nullptr, false);
-  if (members.is_discarded())
-    throw BadInput("format settings file '" + path.string() + "' is not valid JSON");
+  Json members = JsonReader::read(path, "format settings file '" + path.string() + "'");
   return std::make_shared<SettingsFile>(std::move(members), path.string());
 }
 

@@ -68,12 +68,31 @@ void ToolTracingService::vbwCloseDumpFile() {
   // later failures are dumped but no longer asked.
   ++mFailuresReported;
   mInLocals = false;
+  Json site = {mReport["procedure"], mReport["line"], mReport["number"]};
+  if (site != mLastFailure) {
+    mLastFailure = std::move(site);
+    mRetriesInARow = 0;
+  }
   mSink.emit({{"failure", std::move(mReport)}});
   mReport = nullptr;
 }
 
 Variant ToolTracingService::vbwAfterDump() {
-  return Variant(mAnswer);
+  if (mAnswer != kAnswerRetry)
+    return Variant(mAnswer);
+  if (mRetriesInARow < kMaxRetries) {
+    ++mRetriesInARow;
+    return Variant(mAnswer);
+  }
+  mSink.emit({{"retriesGivenUp",
+               {{"procedure", mLastFailure[0]},
+                {"line", mLastFailure[1]},
+                {"number", mLastFailure[2]},
+                {"retries", mRetriesInARow},
+                {"answer", 0}}}});
+  mRetriesInARow = 0;
+  mLastFailure = nullptr;
+  return Variant(0);
 }
 
 void ToolTracingService::vbwExitThread(bool) {}

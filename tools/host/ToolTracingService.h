@@ -17,8 +17,16 @@ class EventSink;
 // local variables of the failing procedure) and told to the sink as one
 // event when the dump closes. Every failure gets the same answer, 5 (go on
 // with the next statement) unless the host was told otherwise.
+//
+// The library retries a statement for as long as the answer is 4, and a
+// statement of this host fails the same way every time; so after
+// kMaxRetries retries of one failure in a row (same procedure, line and
+// number) the service answers 0 instead, which leaves the procedure, and
+// tells the sink that it gave up.
 class ToolTracingService : public TracingService {
  public:
+  static constexpr int32_t kMaxRetries = 100;
+
   ToolTracingService(EventSink& sink, int32_t answer) : mSink(sink), mAnswer(answer) {}
 
   void vbwProcIn(const std::string& qualifiedName, const std::string& parameterText) override;
@@ -45,6 +53,9 @@ class ToolTracingService : public TracingService {
   int64_t mProceduresEntered = 0;
   int32_t mFailuresReported = 0;
   Json mReport;
+  // The failure last answered, and how often in a row it was retried.
+  Json mLastFailure;
+  int32_t mRetriesInARow = 0;
   // Variables belong to the report's locals only until the module section
   // of the dump begins.
   bool mInLocals = false;

@@ -1,5 +1,6 @@
 #include "render/PngConverter.h"
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -43,9 +44,16 @@ std::string PngConverter::convert(const std::filesystem::path& converter,
   std::vector<char*> argv;
   for (auto& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
+  // The converter's own complaints would reach the user beside ours; the
+  // caller prints one line of its own instead.
+  posix_spawn_file_actions_t quiet;
+  ::posix_spawn_file_actions_init(&quiet);
+  ::posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  ::posix_spawn_file_actions_addopen(&quiet, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
   pid_t child = 0;
   const int started =
-      ::posix_spawn(&child, converter.c_str(), nullptr, nullptr, argv.data(), environ);
+      ::posix_spawn(&child, converter.c_str(), &quiet, nullptr, argv.data(), environ);
+  ::posix_spawn_file_actions_destroy(&quiet);
   if (started != 0)
     return "cannot run " + converter.string() + ": " + std::strerror(started);
   int status = 0;

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "host/BadInput.h"
+#include "host/JsonReader.h"
 
 namespace kelmora::tools {
 
@@ -99,6 +100,32 @@ bool isInt16(const Json& value) {
          value.get<int64_t>() <= std::numeric_limits<int16_t>::max();
 }
 
+bool isInt32(const Json& value) {
+  return value.is_number_integer() && value.get<int64_t>() >= std::numeric_limits<int32_t>::min() &&
+         value.get<int64_t>() <= std::numeric_limits<int32_t>::max();
+}
+
+// Field values are texts, as the host holds them; a number or a boolean
+// would have to be turned into some text, and which one is the writer's
+// call, not the player's.
+bool allTexts(const Json& values) {
+  for (const auto& value : values)
+    if (!value.is_string())
+      return false;
+  return true;
+}
+
+// A picture goes inside the pictures folder: a relative path that never
+// climbs out of it.
+bool staysInside(const std::filesystem::path& path) {
+  if (path.empty() || path.has_root_path() || !path.has_filename())
+    return false;
+  for (const auto& part : path)
+    if (part == "..")
+      return false;
+  return true;
+}
+
 bool fitsArgument(const Json& value, AK kind) {
   switch (kind) {
     case AK::Int16:
@@ -111,17 +138,12 @@ bool fitsArgument(const Json& value, AK kind) {
     case AK::OptionalWidget:
       return value.is_string() || value.is_null();
     case AK::Texts:
-      if (!value.is_array())
-        return false;
-      for (const auto& entry : value)
-        if (!entry.is_string())
-          return false;
-      return true;
+      return value.is_array() && allTexts(value);
     case AK::Settings:
       return value.is_null() || value.is_string() || value.is_object() ||
              (value.is_number_integer() && value.get<int64_t>() >= 0);
     case AK::Values:
-      return value.is_object() || value.is_array();
+      return (value.is_object() || value.is_array()) && allTexts(value);
   }
   return false;
 }
@@ -143,7 +165,7 @@ const char* describeKind(AK kind) {
     case AK::Settings:
       return "a family number, a settings file, an object of settings or null";
     case AK::Values:
-      return "an object of field keys and values, or a list of texts";
+      return "an object of field keys and texts, or a list of texts";
   }
   return "";
 }
@@ -237,9 +259,12 @@ Scenario::Step checkStep(const Json& written, size_t number, const std::string& 
     if (!written["svg"].is_string() || written["svg"].get<std::string>().empty())
       throw BadInput(where + "\"svg\" must be the path of the picture to write");
     step.svg = written["svg"].get<std::string>();
+    if (!staysInside(step.svg))
+      throw BadInput(where + "\"svg\" must be a relative path inside the pictures folder, not '" +
+                     step.svg + "'");
   }
   if (written.contains("fails")) {
-    if (!written["fails"].is_number_integer())
+    if (!isInt32(written["fails"]))
       throw BadInput(where + "\"fails\" must be a run-time error number");
     step.fails = written["fails"].get<int32_t>();
   }
@@ -310,13 +335,13 @@ Scenario Scenario::parse(const Json& document, const std::string& origin,
       if (!value.is_object())
         throw BadInput(origin + ": \"host\" must be an object");
       for (const auto& [option, setting] : value.items()) {
-        if (option == "failureAnswer" && setting.is_number_integer()) {
+        if (option == "failureAnswer" && isInt32(setting)) {
           scenario.failureAnswer = setting.get<int32_t>();
         } else if (option == "answerChanges" && setting.is_boolean()) {
           scenario.answerChanges = setting.get<bool>();
         } else {
           throw BadInput(origin + ": host option '" + option +
-                         "' is unknown or of the wrong kind (failureAnswer: number, "
+                         "' is unknown or of the wrong kind (failureAnswer: 32-bit whole number, "
                          "answerChanges: true or false)");
         }
       }
@@ -334,21 +359,15 @@ Scenario Scenario::parse(const Json& document, const std::string& origin,
 
 Scenario Scenario::fromText(std::string_view text, const std::string& origin,
                             std::filesystem::path baseDirectory) {
-  Json document = Json::parse(text.begin(), text.end(), nullptr, false);
-  if (document.is_discarded())
-    throw BadInput(origin + " is not valid JSON");
-  return parse(document, origin, std::move(baseDirectory));
+  return parse(JsonReader::parse(text, origin), origin, std::move(baseDirectory));
 }
 
 Scenario Scenario::load(const std::filesystem::path& path) {
   std::error_code error;
-  std::ifstream in(path);
-  if (!std::filesystem::is_regular_file(path, error) || !in)
+  if (!std::filesystem::is_regular_file(path, error))
     throw BadInput("cannot read scenario '" + path.string() + "'");
-  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (in.bad())
-    throw BadInput("cannot read scenario '" + path.string() + "'");
-  return fromText(text, path.string(), path.parent_path());
+  return parse(JsonReader::read(path, "scenario '" + path.string() + "'"), path.string(),
+               path.parent_path());
 }
 
 }  // namespace kelmora::tools
