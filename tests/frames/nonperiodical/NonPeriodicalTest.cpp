@@ -298,5 +298,203 @@ TEST(NonPeriodicalTest, RowTopsByTemplateFormatAndShowAll) {
   });
 }
 
+// ---------------------------------------------------------------------------
+// Field events
+
+TEST(NonPeriodicalTest, TextChangesSendTheirSecondControlAndTexts) {
+  struct Row {
+    int16_t box;
+    Calls calls;
+  };
+  const Row rows[] = {
+      {0, {"widgetChangeHandler(True, 1, x, TextBox(0), Nothing, Prematter, False, -1)"}},
+      {2, {"widgetChangeHandler(False, 19, x, TextBox(2), Nothing, , False, -1)"}},
+      {8,
+       {"CaptionToTitleType(3, Chapter)",
+        "widgetChangeHandler(False, 14, x, TextBox(8), ComboLabel(0), chapter, False, -1)"}},
+      {9, {"widgetChangeHandler(False, 26, x, TextBox(9), ComboLabel(1), , False, -1)"}},
+      {10, {"widgetChangeHandler(False, 5, x, TextBox(10), Nothing, , False, 11)"}},
+      {13, {"widgetChangeHandler(False, 11, x, TextBox(13), ComboLabel(2), , False, -1)"}},
+      {14, {"widgetChangeHandler(False, 20, x, TextBox(14), TranslatorWrapper, , False, -1)"}},
+      {15, {"widgetChangeHandler(False, 17, x, TextBox(15), ComboLabel(3), , False, -1)"}},
+  };
+  scenario([&] {
+    BookHost host(family(3).WebsiteImpliesDate(true));
+    host.callback->titleTypes["Chapter"] = "chapter";
+    host.update(0, true);
+    for (const auto& row : rows) {
+      host.take();
+      host.box(row.box).Text("x");
+      EXPECT_EQ(host.take(), row.calls) << "TextBox(" << row.box << ")";
+      host.box(row.box).Text("");
+    }
+    EXPECT_EQ(host.failures(), Calls{});
+  });
+}
+
+TEST(NonPeriodicalTest, AccessDateTurnsTheYearIntoADateWhereAWebsiteImpliesOne) {
+  scenario([] {
+    for (bool impliesDate : {true, false}) {
+      SCOPED_TRACE(impliesDate);
+      BookHost host(family(0).WebsiteImpliesDate(impliesDate));
+      host.update(0, true);
+      Label& year = host.at<Label>("YearLabel");
+      host.box(11).Text("3 May 2020");
+      EXPECT_EQ(year.Caption(), impliesDate ? "Date" : "Year");
+      host.take();
+      host.box(4).Text("2019");
+      EXPECT_EQ(host.take(), Calls{"widgetChangeHandler(True, 8, 2019, TextBox(4), Nothing, , " +
+                                   std::string(impliesDate ? "True" : "False") + ", -1)"});
+      host.box(11).Text("");
+      EXPECT_EQ(year.Caption(), "Year");
+    }
+  });
+}
+
+TEST(NonPeriodicalTest, LeavingAFieldSendsItsCompanionText) {
+  struct Row {
+    int16_t box;
+    Calls calls;
+  };
+  const Row rows[] = {
+      {3, {"ProcessTextField(TextBox(3), -1, False, False, Pub)"}},
+      {8,
+       {"CaptionToTitleType(3, Chapter)",
+        "ProcessTextField(TextBox(8), -1, False, False, chapter)"}},
+      {9, {"ProcessTextField(TextBox(9), 16, False, False, Medium)"}},
+      {15, {"ProcessTextField(TextBox(15), 10, True, False, Multi-vol.)"}},
+      {16, {"ProcessTextField(TextBox(16), -1, True, False, )"}},
+  };
+  scenario([&] {
+    BookHost host(family(0));
+    host.callback->titleTypes["Chapter"] = "chapter";
+    host.update(0, true);
+    host.box(2).Text("Pub");
+    for (const auto& row : rows) {
+      UserActions::focus(host.box(row.box));
+      host.take();
+      UserActions::focus(host.box(1));
+      EXPECT_EQ(host.take(), row.calls) << "TextBox(" << row.box << ")";
+    }
+    // Focus leaving for the host leaves no active widget: nothing is sent.
+    UserActions::focusAway();
+    EXPECT_TRUE(host.take().empty());
+  });
+}
+
+TEST(NonPeriodicalTest, MouseMovesCarryTheirHint) {
+  struct Row {
+    bool website;
+    bool impliesDate;
+    int16_t box;
+    const char* medium;
+    const char* flag;  // nullptr: no call
+  };
+  const Row rows[] = {
+      {false, true, 4, "Medium", "True"},       {false, false, 4, "Medium", nullptr},
+      {false, true, 10, "Medium", "False"},     {true, true, 10, "Medium", "True"},
+      {true, true, 2, "Medium", "True"},        {true, false, 2, "Medium", "False"},
+      {false, false, 9, "Microfilm", "True"},   {false, false, 9, "Medium", "False"},
+      {false, false, 9, "Microfilms", "False"}, {false, true, 1, "Medium", "False"},
+  };
+  scenario([&] {
+    for (const auto& row : rows) {
+      SCOPED_TRACE(::testing::Message() << "TextBox(" << row.box << ") " << row.medium);
+      BookHost host(family(0).WebsiteImpliesDate(row.impliesDate));
+      host.load(stored(row.website, "", row.medium));
+      host.update(-1, true);
+      host.take();
+      UserActions::moveMouseOver(host.box(row.box));
+      const Calls expected =
+          row.flag
+              ? Calls{"HandleMouseMove(TextBox(" + std::to_string(row.box) + "), " + row.flag + ")"}
+              : Calls{};
+      EXPECT_EQ(host.take(), expected);
+    }
+  });
+}
+
+TEST(NonPeriodicalTest, SubFramesForwardMovesAndDropsExceptTwo) {
+  scenario([] {
+    BookHost host(family(0));
+    host.update(0, true);
+    auto& form = dynamic_cast<UserControl&>(*host.container->Controls().Item("NonPeriodicalFrame"));
+    host.take();
+    // A point of each frame left of its label, in pixels on the form.
+    UserActions::moveMouseAt(form, 5, 55);   // PublisherFrame
+    UserActions::moveMouseAt(form, 5, 163);  // SubworkFrame
+    UserActions::moveMouseAt(form, 314, 1);  // PublicationMediumFrame
+    EXPECT_EQ(host.take(), Calls{"HandleMouseMove(Nothing, False)"});
+  });
+}
+
+// ---------------------------------------------------------------------------
+// Format rules
+
+TEST(NonPeriodicalTest, FormatSequencesSetThePageRowAndTheDateRow) {
+  // After each format: page and place widths in twips, page range shown,
+  // the date label's caption and whether it or the date type combo shows.
+  struct After {
+    int32_t format;
+    float page, place;
+    bool range;
+    const char* caption;
+    bool combo;
+  };
+  const After three = {3, 1755, 1755, true, "Publish date", true};
+  const std::vector<std::vector<After>> sequences = {
+      {{3, 1770, 1770, true, "Publish date", true}},
+      {{0, 3675, 2250, false, "Update date", false}, three},
+      {{0, 3675, 2250, false, "Update date", false}, {0, 3675, 2250, false, "Update date", false}},
+      {{2, 3675, 2250, false, "Publish date", false}, three},
+  };
+  scenario([&] {
+    for (const auto& sequence : sequences) {
+      BookHost host(family(sequence[0].format));
+      // A website with an address, so that the date rows' rules show them.
+      host.load(stored(true, "x"));
+      for (size_t i = 0; i < sequence.size(); ++i) {
+        const After& after = sequence[i];
+        SCOPED_TRACE(::testing::Message() << "step " << i << " format " << after.format);
+        if (i > 0)
+          host.format(family(after.format));
+        host.update(-1, false);
+        EXPECT_EQ(host.box(5).Width(), after.page);
+        EXPECT_EQ(host.box(3).Width(), after.place);
+        EXPECT_EQ(host.box(6).Visible(), after.range);
+        EXPECT_EQ(host.at("PageRangeLabel").Visible(), after.range);
+        EXPECT_EQ(host.at<Label>("PublishDateLabel").Caption(), after.caption);
+        EXPECT_EQ(host.at("PublishDateLabel").Visible(), !after.combo);
+        EXPECT_EQ(host.at("ComboBox", 0).Visible(), after.combo);
+      }
+      EXPECT_EQ(host.failures(), Calls{});
+    }
+  });
+}
+
+TEST(NonPeriodicalTest, OnlyTheLaterFormatsOfAFrameShowAndArrange) {
+  scenario([] {
+    BookHost host(family(0));
+    // The first format shows nothing: the design stands until UpdateFrame.
+    EXPECT_EQ(host.frames(), "TTTFTTFFTT");
+    host.format(family(0));
+    EXPECT_EQ(host.frames(), "TTTFFFFFFF");
+  });
+}
+
+TEST(NonPeriodicalTest, FormatThreeGreysThePageOfAnEntry) {
+  scenario([] {
+    BookHost host(family(3));
+    auto values = stored(false);
+    values[15] = "Entry";
+    host.load(values);
+    host.update(-1, true);
+    EXPECT_FALSE(host.box(5).Enabled());
+    EXPECT_TRUE(host.box(5).Visible());
+    host.update(1, true);
+    EXPECT_TRUE(host.box(5).Enabled());
+  });
+}
+
 }  // namespace
 }  // namespace kelmora
