@@ -5,6 +5,7 @@
 #include "diagnostics/CommonFormProcessingFunctions.h"
 #include "diagnostics/Procedure.h"
 #include "diagnostics/TranslatorWrapper.h"
+#include "frames/common/FrameForms.h"
 #include "frames/nonperiodical/NonPeriodicalForm.h"
 #include "platform/Arrays.h"
 #include "platform/Late.h"
@@ -244,24 +245,7 @@ void NonPeriodical::OptionButton_Click(int16_t Index) {
 
 // An unknown stored value shows as the first entry.
 void NonPeriodical::SelectItem(std::string& str, int16_t& Index) {
-  Procedure proc{
-      this, procedureName<"NonPeriodical.SelectItem">(), {arg("str", str), arg("Index", Index)}};
-  proc.run([&] {
-    int16_t i = 0;
-    int16_t count = 0;
-    proc.local("i", i);
-    proc.step([&] { count = comboBox(Index)->ListCount(); });
-    for (i = 0; i <= count - 1; ++i) {
-      proc.step([&] {
-        auto list = comboBox(Index);
-        if (list->List(i) == str) {
-          list->ListIndex(i);
-          proc.exitProcedure();
-        }
-      });
-    }
-    proc.step([&] { comboBox(Index)->ListIndex(0); });
-  });
+  FrameForms::SelectItem(this, procedureName<"NonPeriodical.SelectItem">(), *this, str, Index);
 }
 
 void NonPeriodical::ComboBox_Click(int16_t Index) {
@@ -554,14 +538,7 @@ void NonPeriodical::subFrame_OLEDragDrop(const ProcedureName& name,
 
 // The host may hand back other data; the dropper sees what it left.
 void NonPeriodical::forwardDrop(std::shared_ptr<DataObject>& Data) {
-  Procedure proc{this, procedureName<"NonPeriodical.forwardDrop">(), {arg("Data", Data)}};
-  proc.run([&] {
-    std::shared_ptr<DataObject> reference;
-    proc.local("reference", reference);
-    proc.step([&] { reference = Data; });
-    proc.step([&] { FrameParent::of(*this).HandleDragDrop(reference); });
-    proc.step([&] { Data = reference; });
-  });
+  FrameForms::forwardDrop(this, procedureName<"NonPeriodical.forwardDrop">(), *this, Data);
 }
 
 // ---------------------------------------------------------------------------
@@ -936,12 +913,7 @@ void NonPeriodical::configureFormForBookPageRange(bool usesBookPageRange) {
 template <typename T>
 std::shared_ptr<T> NonPeriodical::member(const ProcedureName& name, const char* array,
                                          int16_t index, const char* verifyTag) {
-  Procedure proc{this, name};
-  return proc.run<std::shared_ptr<T>>([&](std::shared_ptr<T>& result) {
-    proc.step([&] {
-      result = CommonFormProcessingFunctions::getWidgetWithTag(widget<T>(array, index), verifyTag);
-    });
-  });
+  return FrameForms::member<T>(this, name, *this, array, index, verifyTag);
 }
 
 std::shared_ptr<Label> NonPeriodical::SubworkComboLabel() {
@@ -1032,7 +1004,7 @@ std::shared_ptr<Label> NonPeriodical::comboLabel(int16_t Index) const {
 }
 
 int16_t NonPeriodical::arrayCount(const char* array) const {
-  return static_cast<int16_t>(Controls().members(array).size());
+  return FrameForms::arrayCount(*this, array);
 }
 
 }  // namespace kelmora

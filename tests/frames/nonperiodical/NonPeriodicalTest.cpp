@@ -496,5 +496,93 @@ TEST(NonPeriodicalTest, FormatThreeGreysThePageOfAnEntry) {
   });
 }
 
+// ---------------------------------------------------------------------------
+// Editing sessions, as the host hears them
+
+bool startsWithHttp(const std::string& text) {
+  return text.starts_with("http");
+}
+
+TEST(NonPeriodicalTest, EditingABookEndToEnd) {
+  scenario([] {
+    BookHost host(SettingsBuilder().Format(2).outputTemplate(13, startsWithHttp));
+    auto values = stored(false);
+    values[0] = "Tides";
+    values[1] = "Okafor, N.";
+    values[19] = "Harbour Press";
+    host.load(values);
+    host.update(0, false);
+    UserActions::focus(host.box(3));
+    UserActions::typeInto(host.box(3), "Oslo");
+    UserActions::focus(host.box(4));
+    UserActions::focusAway();
+    const Calls expected = {
+        // Loading: the stored labels report their captions, the sub-work
+        // label through its title type, and the date type list its entry.
+        "widgetChangeHandler(True, 1, Okafor, N., TextBox(0), Nothing, Prematter, False, -1)",
+        "widgetChangeHandler(False, 12, , ComboLabel(2), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 16, , ComboLabel(3), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 19, Harbour Press, TextBox(2), Nothing, , False, -1)",
+        "TitleTypeToCaption(3, )",
+        "CaptionToTitleType(3, )",
+        "widgetChangeHandler(False, 15, , ComboLabel(0), Nothing, , False, -1)",
+        "widgetChangeHandler(True, 0, Tides, TextBox(1), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 27, Published, ComboBox(0), Nothing, , False, -1)",
+        // Focus enters the form; the place is typed and left: it goes with
+        // the publisher. Leaving the form sends nothing.
+        "HideSubform()",
+        "widgetChangeHandler(False, 18, O, TextBox(3), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 18, Os, TextBox(3), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 18, Osl, TextBox(3), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 18, Oslo, TextBox(3), Nothing, , False, -1)",
+        "ProcessTextField(TextBox(3), -1, False, False, Harbour Press)",
+    };
+    EXPECT_EQ(host.callback->calls, expected);
+    EXPECT_EQ(host.frames(), "TTTFFFFFFF");
+    EXPECT_EQ(host.failures(), Calls{});
+  });
+}
+
+TEST(NonPeriodicalTest, EditingAWebsiteInFormatTwoEndToEnd) {
+  scenario([] {
+    BookHost host(SettingsBuilder().Format(2).outputTemplate(13, startsWithHttp));
+    auto values = stored(true);
+    values[0] = "Tide tables";
+    host.load(values);
+    host.update(1, false);
+    EXPECT_EQ(host.frames(), "FFFFFFTFFF");
+    UserActions::focus(host.box(10));
+    UserActions::typeInto(host.box(10), "http");
+    host.container->ExecuteDependentWidgetToggler(0, kOnline);
+    UserActions::focusAway();
+    const Calls expected = {
+        // Loading; the website option reports the switch and both buttons.
+        "widgetChangeHandler(False, 12, , ComboLabel(2), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 16, , ComboLabel(3), Nothing, , False, -1)",
+        "TitleTypeToCaption(3, )",
+        "CaptionToTitleType(3, )",
+        "widgetChangeHandler(False, 15, , ComboLabel(0), Nothing, , False, -1)",
+        "widgetChangeHandler(True, 0, Tide tables, TextBox(1), Nothing, , False, -1)",
+        "OptionButtonChanged(0, 1)",
+        "widgetChangeHandler(False, 23, False, OptionButton(0), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 24, True, OptionButton(1), Nothing, , False, -1)",
+        "widgetChangeHandler(False, 27, Published, ComboBox(0), Nothing, , False, -1)",
+        // The address is typed key by key, each change naming the access
+        // date as the second field to toggle.
+        "HideSubform()",
+        "widgetChangeHandler(False, 5, h, TextBox(10), Nothing, , False, 11)",
+        "widgetChangeHandler(False, 5, ht, TextBox(10), Nothing, , False, 11)",
+        "widgetChangeHandler(False, 5, htt, TextBox(10), Nothing, , False, 11)",
+        "widgetChangeHandler(False, 5, http, TextBox(10), Nothing, , False, 11)",
+    };
+    EXPECT_EQ(host.callback->calls, expected);
+    // The template takes the text for a URL: the publisher row shows, and
+    // the website block holds both dates.
+    EXPECT_EQ(host.frames(), "TFFFFFTFFF");
+    EXPECT_EQ(host.at("WebsiteFrame").Height(), 75);
+    EXPECT_EQ(host.failures(), Calls{});
+  });
+}
+
 }  // namespace
 }  // namespace kelmora
