@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "frames/nonperiodical/NonPeriodical.h"
 #include "frames/periodical/Periodical.h"
 #include "hosting/FrameContainer.h"
 #include "hosting/Startup.h"
@@ -23,6 +24,11 @@ void LibraryControls::Register() {
       Startup::ensureForThisThread();
       return std::make_shared<Periodical>();
     });
+    ControlRegistry::Register(ControlRegistry::kNonPeriodical,
+                              []() -> std::shared_ptr<UserControl> {
+                                Startup::ensureForThisThread();
+                                return std::make_shared<NonPeriodical>();
+                              });
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include "diagnostics/CommonFormProcessingFunctions.h"
 #include "diagnostics/Procedure.h"
+#include "frames/common/FrameForms.h"
 #include "frames/periodical/PeriodicalForm.h"
 #include "platform/Arrays.h"
 #include "platform/Late.h"
@@ -442,24 +443,7 @@ std::string Periodical::ComboLabelCaption(int16_t& Index, std::string& value) {
 }
 
 void Periodical::SelectItem(std::string& str, int16_t& Index) {
-  Procedure proc{
-      this, procedureName<"Periodical.SelectItem">(), {arg("str", str), arg("Index", Index)}};
-  proc.run([&] {
-    int16_t i = 0;
-    int16_t count = 0;
-    proc.local("i", i);
-    proc.step([&] { count = comboBox(Index)->ListCount(); });
-    for (i = 0; i <= count - 1; ++i) {
-      proc.step([&] {
-        auto list = comboBox(Index);
-        if (list->List(i) == str) {
-          list->ListIndex(i);
-          proc.exitProcedure();
-        }
-      });
-    }
-    proc.step([&] { comboBox(Index)->ListIndex(0); });
-  });
+  FrameForms::SelectItem(this, procedureName<"Periodical.SelectItem">(), *this, str, Index);
 }
 
 // ---------------------------------------------------------------------------
@@ -695,14 +679,7 @@ void Periodical::JournalFrame_OLEDragDrop(std::shared_ptr<DataObject>& Data) {
 
 // The host may hand back other data; the dropper sees what it left.
 void Periodical::forwardDrop(std::shared_ptr<DataObject>& Data) {
-  Procedure proc{this, procedureName<"Periodical.forwardDrop">(), {arg("Data", Data)}};
-  proc.run([&] {
-    std::shared_ptr<DataObject> reference;
-    proc.local("reference", reference);
-    proc.step([&] { reference = Data; });
-    proc.step([&] { FrameParent::of(*this).HandleDragDrop(reference); });
-    proc.step([&] { Data = reference; });
-  });
+  FrameForms::forwardDrop(this, procedureName<"Periodical.forwardDrop">(), *this, Data);
 }
 
 // ---------------------------------------------------------------------------
@@ -997,12 +974,7 @@ void Periodical::initializeFormatDependentWidgetToggler(
 template <typename T>
 std::shared_ptr<T> Periodical::member(const ProcedureName& name, const char* array, int16_t index,
                                       const char* verifyTag) {
-  Procedure proc{this, name};
-  return proc.run<std::shared_ptr<T>>([&](std::shared_ptr<T>& result) {
-    proc.step([&] {
-      result = CommonFormProcessingFunctions::getWidgetWithTag(widget<T>(array, index), verifyTag);
-    });
-  });
+  return FrameForms::member<T>(this, name, *this, array, index, verifyTag);
 }
 
 std::shared_ptr<OptionButton> Periodical::PeriodicalNewspaperOption() {
@@ -1092,7 +1064,7 @@ std::shared_ptr<Label> Periodical::comboLabel(int16_t Index) const {
 }
 
 int16_t Periodical::arrayCount(const char* array) const {
-  return static_cast<int16_t>(Controls().members(array).size());
+  return FrameForms::arrayCount(*this, array);
 }
 
 int16_t Periodical::arrayUBound(const char* array) const {

@@ -26,11 +26,6 @@ int Demo::run(const std::filesystem::path& pictureDirectory, std::ostream& out) 
   // Without the frame every step would only report failures.
   if (!ControlRegistry::IsRegistered(ControlRegistry::kPeriodical))
     throw RuntimeError(kCannotCreateObject, "this build has no Periodical frame to show");
-  // The container makes the NonPeriodical frame on its first SetVisibleFrame,
-  // whichever type is asked for.
-  if (!ControlRegistry::IsRegistered(ControlRegistry::kNonPeriodical))
-    out << "This build has no NonPeriodical frame yet: the failures reported for it are "
-           "expected.\n";
   ScenarioPlayer player(host, sink, pictureDirectory);
   player.onStageEnd = [&](int stage, const std::string&) {
     const Json fields = FieldValues::visibleFields(host.main(), host.container());
