@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "frames/esource/Esource.h"
 #include "frames/periodical/Periodical.h"
 #include "hosting/FrameContainer.h"
 #include "hosting/Startup.h"
@@ -22,6 +23,10 @@ void LibraryControls::Register() {
     ControlRegistry::Register(ControlRegistry::kPeriodical, []() -> std::shared_ptr<UserControl> {
       Startup::ensureForThisThread();
       return std::make_shared<Periodical>();
+    });
+    ControlRegistry::Register(ControlRegistry::kEsource, []() -> std::shared_ptr<UserControl> {
+      Startup::ensureForThisThread();
+      return std::make_shared<Esource>();
     });
   });
 }
