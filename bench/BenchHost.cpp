@@ -1,5 +1,6 @@
 #include "BenchHost.h"
 
+#include "frames/esource/Esource.h"
 #include "frames/periodical/Periodical.h"
 #include "support/TestFrame.h"
 #include "surface/ControlCollection.h"
@@ -8,21 +9,23 @@
 
 namespace kelmora::bench {
 
-PeriodicalBenchHost::PeriodicalBenchHost() {
+FrameBenchHost::FrameBenchHost(int16_t type, int32_t format) : whichType(type) {
   testing::TestFrame::registerForAllTypes();
   ControlRegistry::Register(ControlRegistry::kPeriodical, []() -> std::shared_ptr<UserControl> {
     return std::make_shared<Periodical>();
+  });
+  ControlRegistry::Register(ControlRegistry::kEsource, []() -> std::shared_ptr<UserControl> {
+    return std::make_shared<Esource>();
   });
   container = std::dynamic_pointer_cast<FrameContainer>(
       main->BuildFrameContainer(form, "Reference")->Object());
   container->Visible(true);
   container->initialize(callback);
-  container->SetVisibleFrame(1);
-  container->ToggleFormatDependentWidgets(1, std::make_shared<BenchSettings>(1));
-  container->UpdateFrame(-1, true);
+  container->SetVisibleFrame(whichType);
+  container->ToggleFormatDependentWidgets(whichType, std::make_shared<BenchSettings>(format));
 }
 
-PeriodicalBenchHost::~PeriodicalBenchHost() {
+FrameBenchHost::~FrameBenchHost() {
   form->unload();
   // The stand-in frames keep a log of their calls for tests; it is no part
   // of what the library holds.
@@ -30,37 +33,65 @@ PeriodicalBenchHost::~PeriodicalBenchHost() {
   testing::TestFrame::log().shrink_to_fit();
 }
 
-std::shared_ptr<Widget> PeriodicalBenchHost::widget(const char* name, int16_t index) const {
+std::shared_ptr<Widget> FrameBenchHost::widget(const char* name, int16_t index) const {
   return container->getControls()->Item(name, index);
 }
 
-int16_t PeriodicalBenchHost::internalIndex(const std::string& key) const {
-  return main->Model(1)->keyToInternalIndex()->Item(key).toInteger();
+int16_t FrameBenchHost::internalIndex(const std::string& key) const {
+  return main->Model(whichType)->keyToInternalIndex()->Item(key).toInteger();
 }
 
-std::vector<std::string> PeriodicalBenchHost::sampleArticle() const {
-  std::vector<std::string> values(26);
-  const std::pair<const char*, const char*> fields[] = {
-      {"PeriodicalAuthor", "Hopper, Grace M."},
-      {"PeriodicalArticleTitle", "The education of a computer"},
-      {"PeriodicalTitle", "Proceedings of the Association for Computing Machinery"},
-      {"PeriodicalDate", "1952"},
-      {"PeriodicalPage", "243"},
-      {"PeriodicalPageRange", "243-249"},
-      {"PeriodicalVolume", "2"},
-      {"PeriodicalNumber", "1"},
-      {"PeriodicalOnline", "https://doi.org/10.1145/609784.609818"},
-      {"PeriodicalAccessDate", "3 March 2026"},
-      {"PeriodicalNotes", "Reprinted in the Annals"},
-      {"v4_keywords", "compilers; history"},
-      {"PeriodicalJournalOption", "True"},
-      {"PeriodicalMagazineOption", "False"},
-      {"PeriodicalNewspaperOption", "False"},
-  };
+std::vector<std::string> FrameBenchHost::record(
+    size_t size, std::initializer_list<std::pair<const char*, const char*>> fields) const {
+  std::vector<std::string> values(size);
   for (const auto& [key, value] : fields) {
     values[static_cast<size_t>(internalIndex(key))] = value;
   }
   return values;
+}
+
+PeriodicalBenchHost::PeriodicalBenchHost() : FrameBenchHost(1, 1) {
+  container->UpdateFrame(-1, true);
+}
+
+EsourceBenchHost::EsourceBenchHost() : FrameBenchHost(4, 1) {}
+
+std::vector<std::string> EsourceBenchHost::sampleMessage() const {
+  return record(14, {
+                        {"EsourceAuthor", "Lindqvist, Maja"},
+                        {"EsourceDate", "2024, May 2"},
+                        {"EsourceTitle", "Re: tidal gauge calibration"},
+                        {"EsourceWebsiteTitle", "Coastal Instruments Forum"},
+                        {"EsourceURL", "https://forum.example.org/t/tidal-gauge/4127"},
+                        {"EsourceAccessDate", "2026, March 3"},
+                        {"EsourceNotes", "Answer by the gauge's maker"},
+                        {"EsourceDegree", "Phd"},
+                        {"EsourceType", "Forum post"},
+                        {"v8_CommentDate", "2024, May 4"},
+                        {"IncludeInFootnotesEsourceDeprecated", "False"},
+                        {"v4_keywords", "instruments"},
+                    });
+}
+
+std::vector<std::string> PeriodicalBenchHost::sampleArticle() const {
+  return record(26,
+                {
+                    {"PeriodicalAuthor", "Hopper, Grace M."},
+                    {"PeriodicalArticleTitle", "The education of a computer"},
+                    {"PeriodicalTitle", "Proceedings of the Association for Computing Machinery"},
+                    {"PeriodicalDate", "1952"},
+                    {"PeriodicalPage", "243"},
+                    {"PeriodicalPageRange", "243-249"},
+                    {"PeriodicalVolume", "2"},
+                    {"PeriodicalNumber", "1"},
+                    {"PeriodicalOnline", "https://doi.org/10.1145/609784.609818"},
+                    {"PeriodicalAccessDate", "3 March 2026"},
+                    {"PeriodicalNotes", "Reprinted in the Annals"},
+                    {"v4_keywords", "compilers; history"},
+                    {"PeriodicalJournalOption", "True"},
+                    {"PeriodicalMagazineOption", "False"},
+                    {"PeriodicalNewspaperOption", "False"},
+                });
 }
 
 }  // namespace kelmora::bench

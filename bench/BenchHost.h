@@ -52,30 +52,60 @@ class BenchSettings : public FormatterSettings {
   std::string tooltipTextPeriodical() override { return "Date of the issue"; }
   std::string accessDateFormat() override { return "d MMMM yyyy"; }
   bool alwaysEnableAccessDate() override { return false; }
+  // An e-source format with every row and the longest type list.
+  bool esourceShowsAuthorPopup() override { return true; }
+  bool esourceHasTitle() override { return true; }
+  bool esourceHasTo() override { return true; }
+  bool emailListTitleVisible() override { return true; }
+  bool supportsWebtitle() override { return true; }
+  bool SupportsURL() override { return true; }
+  bool supportsAccessDate() override { return true; }
+  bool supportsSocialMedia() override { return true; }
+  int32_t DegreeSupport() override { return 1; }
+  int32_t esourceType() override { return 3; }
 
  private:
   int32_t mFormat;
 };
 
-// A host with a Periodical frame shown under family 1, all fields shown.
-// The frames of the other types are not part of the library yet; test
-// frames made from their catalogues stand in, so that showing type 1 can
-// hide the type-0 frame the container makes first.
-struct PeriodicalBenchHost {
+// A host with the frame of one type shown under a BenchSettings format.
+// The NonPeriodical frame is not part of the library yet; test frames made
+// from the catalogues stand in for the types without a real frame, so that
+// showing a type can hide the type-0 frame the container makes first.
+struct FrameBenchHost {
   ScopedNoopTracing tracing;
   std::shared_ptr<Main2> main = std::make_shared<Main2>();
   std::shared_ptr<HeadlessHostForm> form = std::make_shared<HeadlessHostForm>();
   std::shared_ptr<CountingCallback> callback = std::make_shared<CountingCallback>();
   std::shared_ptr<FrameContainer> container;
+  int16_t whichType;
 
-  PeriodicalBenchHost();
-  ~PeriodicalBenchHost();
+  FrameBenchHost(int16_t type, int32_t format);
+  ~FrameBenchHost();
 
   // The widget of a field, by name and Index in the frame's collection.
   std::shared_ptr<Widget> widget(const char* name, int16_t index) const;
   int16_t internalIndex(const std::string& key) const;
+
+ protected:
+  // One stored reference of `size` fields: those named, every other one
+  // empty.
+  std::vector<std::string> record(
+      size_t size, std::initializer_list<std::pair<const char*, const char*>> fields) const;
+};
+
+// The Periodical frame under family 1, all fields shown.
+struct PeriodicalBenchHost : FrameBenchHost {
+  PeriodicalBenchHost();
   // A full stored journal article, one value per field.
   std::vector<std::string> sampleArticle() const;
+};
+
+// The Esource frame under a format with every row.
+struct EsourceBenchHost : FrameBenchHost {
+  EsourceBenchHost();
+  // A full stored forum post, one value per field.
+  std::vector<std::string> sampleMessage() const;
 };
 
 }  // namespace kelmora::bench

@@ -1,9 +1,10 @@
 // Benchmarks of the paths a host and an author hit, each through
-// FrameContainer with a host that only counts: the keystroke path, loading a
-// reference, a format switch, the show-all switch, building a container,
-// and Model construction. The keystroke and load paths are also measured
-// against a floor: the same string writes and host calls on plain data,
-// through a virtual interface, with no rules, tracing or widgets.
+// FrameContainer with a host that only counts: the keystroke path and
+// loading a reference (on Periodical and on Esource), a format switch, the
+// show-all switch, building a container, and Model construction. The
+// keystroke and load paths are also measured against a floor: the same
+// string writes and host calls on plain data, through a virtual interface,
+// with no rules, tracing or widgets.
 #include <benchmark/benchmark.h>
 
 #include "AllocationCounter.h"
@@ -15,6 +16,7 @@ namespace kelmora {
 namespace {
 
 using bench::AllocationScope;
+using bench::EsourceBenchHost;
 using bench::PeriodicalBenchHost;
 
 // The keystroke path: one change of PeriodicalOnline reaches the host, and
@@ -56,6 +58,49 @@ void BM_LoadPath(benchmark::State& state) {
   bench::ScopedNoopTracing::checkNoFailures(state);
 }
 BENCHMARK(BM_LoadPath);
+
+// The Esource keystroke path: one change of EsourceURL shows or keeps the
+// access date and reaches the host, and the host answers with the rules of
+// that field (the frame registers none) and the close-up (the frame has
+// none to do).
+void BM_EsourceKeystrokePath(benchmark::State& state) {
+  EsourceBenchHost host;
+  auto url = std::dynamic_pointer_cast<TextBox>(host.widget("TextBox", 4));
+  const int16_t index = host.internalIndex("EsourceURL");
+  const std::string texts[] = {"https://forum.example.org/t/tidal-gauge/4127",
+                               "https://forum.example.org/t/tidal-gauge/4128"};
+  size_t next = 0;
+  for (int warm = 0; warm < 4; ++warm) {
+    url->Text(texts[next ^= 1]);
+    host.container->ExecuteDependentWidgetToggler(4, index);
+  }
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    url->Text(texts[next ^= 1]);
+    host.container->ExecuteDependentWidgetToggler(4, index);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_EsourceKeystrokePath);
+
+// Loading a full stored forum post into the Esource frame; the second post
+// differs in its title only.
+void BM_EsourceLoadPath(benchmark::State& state) {
+  EsourceBenchHost host;
+  auto message = host.sampleMessage();
+  auto other = message;
+  other[static_cast<size_t>(host.internalIndex("EsourceTitle"))] = "Another subject";
+  host.container->SynchronizeFieldsWithModel(4, message);
+  bool flip = false;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    host.container->SynchronizeFieldsWithModel(4, (flip = !flip) ? other : message);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+BENCHMARK(BM_EsourceLoadPath);
 
 // A host whose interface takes the same arguments as the library's
 // callback, for the floor.
@@ -100,30 +145,31 @@ void BM_KeystrokeFloor(benchmark::State& state) {
 BENCHMARK(BM_KeystrokeFloor);
 
 // The floor of a load: every value written into its field, and the host
-// called as often as loading the same article calls it.
-void BM_LoadFloor(benchmark::State& state) {
+// called as often as loading the same reference calls it.
+template <typename Host>
+void loadFloor(benchmark::State& state, std::vector<std::string> (Host::*sample)() const) {
   int hostCalls = 0;
-  std::vector<std::string> article;
+  std::vector<std::string> record;
   {
-    PeriodicalBenchHost host;
-    article = host.sampleArticle();
-    host.container->SynchronizeFieldsWithModel(1, article);
+    Host host;
+    record = (host.*sample)();
+    host.container->SynchronizeFieldsWithModel(host.whichType, record);
     const int before = host.callback->calls;
-    auto other = article;
+    auto other = record;
     other[0] = "Another title";
-    host.container->SynchronizeFieldsWithModel(1, other);
+    host.container->SynchronizeFieldsWithModel(host.whichType, other);
     hostCalls = host.callback->calls - before;
   }
-  auto other = article;
+  auto other = record;
   other[0] = "Another title";
   auto host = std::make_unique<CountingFloorHost>();
   FloorHost* through = host.get();
-  std::vector<std::string> fields(article.size());
+  std::vector<std::string> fields(record.size());
   std::string secondary;
   bool flip = false;
   AllocationScope allocations(state);
   for (auto _ : state) {
-    const auto& values = (flip = !flip) ? other : article;
+    const auto& values = (flip = !flip) ? other : record;
     for (size_t i = 0; i < values.size(); ++i) fields[i] = values[i];
     for (int call = 0; call < hostCalls; ++call) {
       bool isKeyField = false;
@@ -138,7 +184,16 @@ void BM_LoadFloor(benchmark::State& state) {
   allocations.report();
   state.counters["host calls"] = hostCalls;
 }
+
+void BM_LoadFloor(benchmark::State& state) {
+  loadFloor(state, &PeriodicalBenchHost::sampleArticle);
+}
 BENCHMARK(BM_LoadFloor);
+
+void BM_EsourceLoadFloor(benchmark::State& state) {
+  loadFloor(state, &EsourceBenchHost::sampleMessage);
+}
+BENCHMARK(BM_EsourceLoadFloor);
 
 // A new format for the type, and its rules built and run.
 void BM_FormatSwitch(benchmark::State& state) {

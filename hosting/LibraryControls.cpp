@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "frames/esource/Esource.h"
 #include "frames/nonperiodical/NonPeriodical.h"
 #include "frames/periodical/Periodical.h"
 #include "hosting/FrameContainer.h"
@@ -29,6 +30,10 @@ void LibraryControls::Register() {
                                 Startup::ensureForThisThread();
                                 return std::make_shared<NonPeriodical>();
                               });
+    ControlRegistry::Register(ControlRegistry::kEsource, []() -> std::shared_ptr<UserControl> {
+      Startup::ensureForThisThread();
+      return std::make_shared<Esource>();
+    });
   });
 }
 

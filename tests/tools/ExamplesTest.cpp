@@ -37,7 +37,9 @@ TEST(ExamplesTest, DemoRunsToItsEndWithAPicturePerStage) {
   EXPECT_NE(run.out.find("<- HandleDateExit(field=\"TextBox(3)\""), std::string::npos);
   EXPECT_NE(run.out.find("TextBox(8)           PeriodicalOnline"), std::string::npos)
       << "the fields on screen with their values";
-  for (int stage = 1; stage <= 6; ++stage)
+  EXPECT_NE(run.out.find("-> SetVisibleFrame(4)"), std::string::npos) << "the e-source part";
+  EXPECT_NE(run.out.find("TextBox(4)           EsourceURL"), std::string::npos);
+  for (int stage = 1; stage <= 12; ++stage)
     EXPECT_TRUE(std::filesystem::exists(dir.path() / ("stage-" + std::to_string(stage) + ".svg")))
         << stage;
 }

@@ -166,5 +166,34 @@ TEST(SvgRendererTest, PeriodicalFormRowsStandWhereTheFormPutsThem) {
   }
 }
 
+TEST(SvgRendererTest, EsourceFormOfEachFamilyShowsItsOwnRows) {
+  // An e-mail under each family: degree list, recipient (title), subject
+  // (website title), comment date; then the author box's width.
+  struct Row {
+    int family;
+    bool degree, recipient, subject, commentDate;
+    float authorWidth;
+  };
+  const Row rows[] = {{0, false, false, false, false, 265},
+                      {1, true, true, true, false, 191},
+                      {2, false, false, false, true, 265},
+                      {3, false, true, false, true, 265}};
+  for (const auto& row : rows) {
+    testing::ScratchDir dir;
+    const std::string output = (dir.path() / "form.svg").string();
+    const auto run = testing::KelmoraRun::of(
+        {"render", "--type", "esource", "--family", std::to_string(row.family), "-o", output});
+    ASSERT_EQ(run.status, 0) << run.err;
+    std::ifstream in(output);
+    const std::string svg((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    SCOPED_TRACE("family " + std::to_string(row.family));
+    EXPECT_EQ(groupOf(svg, "ComboBox(0)").empty(), !row.degree);
+    EXPECT_EQ(groupOf(svg, "TextBox(2)").empty(), !row.recipient);
+    EXPECT_EQ(groupOf(svg, "TextBox(3)").empty(), !row.subject);
+    EXPECT_EQ(groupOf(svg, "TextBox(6)").empty(), !row.commentDate);
+    EXPECT_EQ(boxOf(groupOf(svg, "TextBox(0)")), (std::vector<float>{39, 0, row.authorWidth, 21}));
+  }
+}
+
 }  // namespace
 }  // namespace kelmora::tools

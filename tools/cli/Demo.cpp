@@ -1,11 +1,13 @@
 #include "cli/Demo.h"
 
+#include <iterator>
 #include <ostream>
 
 #include "host/EmbeddedFiles.h"
 #include "host/FieldValues.h"
 #include "host/ReadableSink.h"
 #include "host/ToolHost.h"
+#include "hosting/LibraryControls.h"
 #include "platform/RuntimeError.h"
 #include "scenario/Scenario.h"
 #include "scenario/ScenarioPlayer.h"
@@ -13,19 +15,48 @@
 
 namespace kelmora::tools {
 
+namespace {
+
+// The reference types the demo shows, in turn, each by its own scenario
+// under examples/. A part whose frame this build lacks is passed over.
+struct DemoPart {
+  const char* identifier;
+  const char* file;
+};
+constexpr DemoPart kParts[] = {
+    {ControlRegistry::kPeriodical, "demo-periodical.json"},
+    {ControlRegistry::kEsource, "demo-esource.json"},
+};
+
+Scenario partScenario(const DemoPart& part, const std::filesystem::path& pictureDirectory) {
+  const std::string_view* text = EmbeddedFiles::find(part.file);
+  if (text == nullptr)
+    throw RuntimeError(kCannotCreateObject, std::string("the demo has no part ") + part.file);
+  return Scenario::fromText(*text, part.file, pictureDirectory);
+}
+
+}  // namespace
+
 int Demo::run(const std::filesystem::path& pictureDirectory, std::ostream& out) {
-  const Scenario scenario =
-      Scenario::fromText(*EmbeddedFiles::find("demo.json"), "demo.json", pictureDirectory);
-  out << "Kelmora demo host\n" << scenario.description << "\n";
+  LibraryControls::Register();
+  std::vector<Scenario> parts;
+  for (const auto& part : kParts) {
+    if (ControlRegistry::IsRegistered(part.identifier))
+      parts.push_back(partScenario(part, pictureDirectory));
+  }
+  // Without a frame every step would only report failures.
+  if (parts.empty())
+    throw RuntimeError(kCannotCreateObject, "this build has no frame to show");
+  out << "Kelmora demo host\n";
+  for (const auto& part : parts) out << part.description << "\n";
   out << "Lines with -> are calls of the host on the library, <- calls of the library on the "
          "host.\n";
 
   ReadableSink sink(out);
-  ToolHost host(sink,
-                {.failureAnswer = scenario.failureAnswer, .answerChanges = scenario.answerChanges});
-  // Without the frame every step would only report failures.
-  if (!ControlRegistry::IsRegistered(ControlRegistry::kPeriodical))
-    throw RuntimeError(kCannotCreateObject, "this build has no Periodical frame to show");
+  // One host plays all parts, as an author moves from one reference to the
+  // next; the first part's answers to failures hold throughout.
+  ToolHost host(sink, {.failureAnswer = parts.front().failureAnswer,
+                       .answerChanges = parts.front().answerChanges});
   ScenarioPlayer player(host, sink, pictureDirectory);
   player.onStageEnd = [&](int stage, const std::string&) {
     const Json fields = FieldValues::visibleFields(host.main(), host.container());
@@ -43,7 +74,8 @@ int Demo::run(const std::filesystem::path& pictureDirectory, std::ostream& out) 
     player.writePicture(picture);
     out << "  Picture: " << picture.string() << '\n';
   };
-  const int unmet = player.play(scenario);
+  int unmet = 0;
+  for (const auto& part : parts) unmet = player.play(part);
   host.end();
   out << '\n'
       << (unmet == 0 ? "The demo ran to its end; every expectation held.\n"

@@ -5,7 +5,8 @@
 
 namespace kelmora::tools {
 
-// The demo: the scenario compiled in from examples/demo.json, played with
+// The demo: the scenarios compiled in from examples/demo-<type>.json, one
+// reference type after the other, played on one host with
 // the readable view of events. After each stage it lists the fields on
 // screen with their values and writes a picture of the form,
 // stage-N.svg in `pictureDirectory`.

@@ -5,7 +5,7 @@
 namespace kelmora::tools {
 
 // Files under examples/ compiled into the program: the four format families
-// and the demo scenario, by their path below examples/.
+// and the parts of the demo, by their path below examples/.
 class EmbeddedFiles {
  public:
   // The text of the file, or nothing when it was not compiled in.

@@ -107,6 +107,7 @@ void ScenarioPlayer::playStep(const Scenario& scenario, const Scenario::Step& st
   if (step.kind == Scenario::StepKind::Stage) {
     endStage();
     ++mStage;
+    mStageEnded = false;
     mStageTitle = step.written["stage"].get<std::string>();
     mSink.emit({{"stage", mStageTitle}});
     return;
@@ -136,7 +137,10 @@ void ScenarioPlayer::playStep(const Scenario& scenario, const Scenario::Step& st
 }
 
 void ScenarioPlayer::endStage() {
-  if (mStage > 0 && onStageEnd)
+  if (mStage == 0 || mStageEnded)
+    return;
+  mStageEnded = true;
+  if (onStageEnd)
     onStageEnd(mStage, mStageTitle);
 }
 

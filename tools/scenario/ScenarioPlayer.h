@@ -32,7 +32,9 @@ class ScenarioPlayer {
   // Runs at the end of each stage, with its number (from 1) and title.
   std::function<void(int, const std::string&)> onStageEnd;
 
-  // The number of unmet expectations and unexpected failures.
+  // The number of unmet expectations and unexpected failures so far. A
+  // player may play several scenarios in turn on one host: stages go on
+  // counting, and each ends once.
   int play(const Scenario& scenario);
 
   // Writes the SVG picture of the host's container.
@@ -55,6 +57,7 @@ class ScenarioPlayer {
   std::filesystem::path mPictureDirectory;
   int mUnmet = 0;
   int mStage = 0;
+  bool mStageEnded = false;
   std::string mStageTitle;
 };
 
