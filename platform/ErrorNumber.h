@@ -16,6 +16,7 @@ enum ErrorNumber : int32_t {
   kInvalidPropertyArrayIndex = 381,
   kCannotCreateObject = 429,
   kMemberNotSupported = 438,
+  kArgumentNotOptional = 449,
   kKeyAlreadyExists = 457,
 };
 

@@ -28,6 +28,8 @@ std::string RuntimeError::standardDescription(int32_t number) {
       return "ActiveX component can't create object";
     case kMemberNotSupported:
       return "Object doesn't support this property or method";
+    case kArgumentNotOptional:
+      return "Argument not optional";
     case kKeyAlreadyExists:
       return "This key is already associated with an element of this collection";
     default:

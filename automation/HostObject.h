@@ -1,0 +1,28 @@
+#pragma once
+
+#include "automation/ForeignObject.h"
+#include "automation/kelmora.h"
+
+namespace kelmora {
+
+// An object of a host written against the C interface: each call goes to
+// the host's invoke by member name, with C variants. What the host leaves
+// in the arguments comes back to the caller; a failure it answers becomes
+// the library's failure with the host's number and description.
+class HostObject : public ForeignObject {
+ public:
+  HostObject(const kelmora_host_vtable* vtable, void* self) : mVtable(vtable), mSelf(self) {}
+  ~HostObject() override;
+  HostObject(const HostObject&) = delete;
+  HostObject& operator=(const HostObject&) = delete;
+
+  void* self() const { return mSelf; }
+
+  Variant call(const std::string& name, int32_t kind, std::vector<Variant>& arguments) override;
+
+ private:
+  const kelmora_host_vtable* mVtable;
+  void* mSelf;
+};
+
+}  // namespace kelmora
