@@ -23,7 +23,6 @@ using Calls = std::vector<std::string>;
 
 // Internal indices of the catalogue that the tests store or execute.
 constexpr int16_t kOnline = 5;
-constexpr int16_t kAccessDate = 6;
 constexpr int16_t kBookOption = 23;
 constexpr int16_t kWebsiteOption = 24;
 constexpr int16_t kMediumLabel = 25;
