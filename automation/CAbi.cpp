@@ -16,6 +16,7 @@
 #include "automation/HostObjects.h"
 #include "automation/ObjectHandle.h"
 #include "automation/kelmora.h"
+#include "diagnostics/BridgeToVB.h"
 #include "platform/RunningObjectTable.h"
 #include "platform/RuntimeError.h"
 #include "surface/Focus.h"
@@ -139,7 +140,8 @@ int32_t kelmora_invoke(kelmora_object* object, int32_t dispid, int32_t kind,
       throw RuntimeError(kelmora::kInvalidProcedureCall);
     objectOf(object);
     kelmora::Dispatcher::Arguments given;
-    for (int32_t i = 0; i < count; ++i) given.push_back(kelmora::CVariants::toVariant(arguments[i]));
+    for (int32_t i = 0; i < count; ++i)
+      given.push_back(kelmora::CVariants::toVariant(arguments[i]));
     const auto before = given;
     auto answer = kelmora::Dispatcher::invoke(object->object, dispid, kind, given);
     for (int32_t i = 0; i < count; ++i)

@@ -84,7 +84,8 @@ void CVariants::writeBack(const std::optional<Variant>& before, const std::optio
                           kelmora_variant& out) {
   if (!after.has_value())
     return;
-  const bool isArray = after->isObject() && std::dynamic_pointer_cast<VariantArray>(after->toObject());
+  const bool isArray =
+      after->isObject() && std::dynamic_pointer_cast<VariantArray>(after->toObject());
   if (isArray || !before.has_value() || !(*before == *after))
     fromVariant(*after, out);
 }

@@ -16,7 +16,8 @@ Variant Main2Dispatch::invoke(Object& target, const TypeLibrary::Member& member,
       main.ChangeFormatType(arguments[0].toInteger());
       return {};
     case 0x60030002:
-      return Variant(std::shared_ptr<Object>(main.BuildFrameContainer(
+      // The host gets back the wrapper its own form made.
+      return Variant(HostObjects::unwrapped(main.BuildFrameContainer(
           HostObjects::form(Dispatcher::object(arguments[0])), arguments[1].toString())));
     case 0x68030000:
       return Variant(std::shared_ptr<Object>(main.Model(arguments[0].toInteger())));

@@ -64,7 +64,7 @@ typedef struct kelmora_variant {
     int32_t long_value;
     float single;
     int16_t boolean;
-    char* string; /* owned by the variant; set it with kelmora_variant_set_string */
+    char* string;           /* owned by the variant; set it with kelmora_variant_set_string */
     kelmora_object* object; /* one reference, owned by the variant; NULL is Nothing */
     struct {
       int32_t count;
