@@ -82,7 +82,10 @@ T& typed(kelmora_object* handle) {
 extern "C" {
 
 int32_t DllCanUnloadNow(void) {
-  return kelmora_object::alive() == 0 ? KELMORA_S_OK : KELMORA_S_FALSE;
+  // A handle is what a host holds; a host object is what the library holds
+  // of the host, which only a live library object does.
+  const bool unused = kelmora_object::alive() == 0 && kelmora::HostObject::alive() == 0;
+  return unused ? KELMORA_S_OK : KELMORA_S_FALSE;
 }
 
 int32_t DllGetClassObject(const kelmora_guid* clsid, const kelmora_guid* iid,

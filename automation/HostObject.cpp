@@ -28,7 +28,15 @@ struct CArguments {
 
 }  // namespace
 
+std::atomic<int64_t> HostObject::sLive{0};
+
+HostObject::HostObject(const kelmora_host_vtable* vtable, void* self)
+    : mVtable(vtable), mSelf(self) {
+  ++sLive;
+}
+
 HostObject::~HostObject() {
+  --sLive;
   if (mVtable->release != nullptr)
     mVtable->release(mSelf);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <atomic>
+#include <cstdint>
+
 #include "automation/ForeignObject.h"
 #include "automation/kelmora.h"
 
@@ -11,7 +14,7 @@ namespace kelmora {
 // the library's failure with the host's number and description.
 class HostObject : public ForeignObject {
  public:
-  HostObject(const kelmora_host_vtable* vtable, void* self) : mVtable(vtable), mSelf(self) {}
+  HostObject(const kelmora_host_vtable* vtable, void* self);
   ~HostObject() override;
   HostObject(const HostObject&) = delete;
   HostObject& operator=(const HostObject&) = delete;
@@ -20,7 +23,13 @@ class HostObject : public ForeignObject {
 
   Variant call(const std::string& name, int32_t kind, std::vector<Variant>& arguments) override;
 
+  // How many host objects the library still holds, with or without a
+  // handle: while the library holds one, a library object is alive.
+  static int64_t alive() { return sLive.load(); }
+
  private:
+  static std::atomic<int64_t> sLive;
+
   const kelmora_host_vtable* mVtable;
   void* mSelf;
 };

@@ -21,8 +21,9 @@
  *   - Booleans are 16 bits, True -1 and False 0. Strings are UTF-8.
  *   - Functions named kelmora_* return 0 on success or the run-time error
  *     number of the failure, and then fill *error (when error is not NULL)
- *     with the number and its description. No failure of the library ever
- *     leaves it any other way.
+ *     with the number and its description. An error starts as {0, NULL}
+ *     and goes back with kelmora_error_clear. No failure of the library
+ *     ever leaves it any other way.
  *   - All objects belong to the thread that made them.
  */
 #ifndef KELMORA_H
@@ -90,7 +91,9 @@ enum { KELMORA_METHOD = 1, KELMORA_PROPERTY_GET = 2, KELMORA_PROPERTY_PUT = 4 };
 
 /* The four entry points of a self-registering component. */
 
-/* KELMORA_S_OK while no object of the library is alive, else S_FALSE. */
+/* KELMORA_S_OK while no object of the library is alive, else S_FALSE:
+   alive is any handle not yet released, and any host object that the
+   library still holds (the running-object table included). */
 int32_t DllCanUnloadNow(void);
 /* The class object of Main2 or of one of the four controls. `iid` is the
    class factory interface {00000001-0000-0000-C000-000000000046} or the

@@ -7,8 +7,9 @@
  * with the list in the file given as its argument, takes the container off
  * its form, lets go of everything, and asks whether the library can unload.
  *
- * Exit status 0 when the calls match, every host object has been released
- * by the library, no failure was reported and the library can unload.
+ * Exit status 0 when the calls match, what a host may not do is refused
+ * with the run time's numbers, every host object has been released by the
+ * library, no failure was reported and the library can unload.
  */
 #include <stdarg.h>
 #include <stdio.h>
@@ -364,6 +365,39 @@ static void user(int32_t failed, const char* what, kelmora_error* error) {
     die(what, error);
 }
 
+/* What a host cannot do: create Model or TranslatorWrapper, call a member
+   that is not there, leave out a required argument. Each answer comes back
+   as the run time's number. */
+static int refusals(kelmora_object* main_object) {
+  static const kelmora_guid results_only[] = {
+      {0x30274DA4, 0x86E5, 0x46CC, {0x8F, 0x89, 0xE2, 0xBF, 0xA2, 0xD2, 0x73, 0xC2}},
+      {0x050102D6, 0xCD95, 0x47D7, {0xB1, 0x07, 0x1C, 0x23, 0x77, 0xDD, 0xB2, 0x88}}};
+  kelmora_error error = {0, NULL};
+  kelmora_object* none = NULL;
+  int32_t dispid = 0, answer;
+  int i, ok = 1;
+  for (i = 0; i < 2; ++i) {
+    answer = DllGetClassObject(&results_only[i], &class_factory, &none);
+    if (answer != KELMORA_CLASS_E_CLASSNOTAVAILABLE || none != NULL) {
+      fprintf(stderr, "a class object for a class a host cannot create: %d\n", answer);
+      ok = 0;
+    }
+  }
+  if (kelmora_ids_of_names(main_object, "Show", &dispid, &error) != 438 || error.number != 438) {
+    fprintf(stderr, "an unknown name did not fail with 438\n");
+    ok = 0;
+  }
+  kelmora_error_clear(&error);
+  if (kelmora_ids_of_names(main_object, "changeformattype", &dispid, &error) != 0 ||
+      kelmora_invoke(main_object, dispid, KELMORA_METHOD, NULL, 0, NULL, &error) != 449 ||
+      strcmp(error.description, "Argument not optional") != 0) {
+    fprintf(stderr, "a missing argument did not fail with 449\n");
+    ok = 0;
+  }
+  kelmora_error_clear(&error);
+  return ok;
+}
+
 static int compare(const char* path) {
   char line[512];
   int i = 0, same = 1;
@@ -420,6 +454,7 @@ int main(int argc, char** argv) {
     die("factory", NULL);
   user(kelmora_create_instance(factory, &main_object, &error), "Main2", &error);
   kelmora_release(factory);
+  ok = refusals(main_object);
 
   /* BuildFrameContainer(form, name) gives back the form's wrapper. */
   object(&a[0], form);
@@ -465,7 +500,7 @@ int main(int argc, char** argv) {
   user(kelmora_user_focus_away(&error), "focus away", &error);
 
   for (i = 0; i < call_count; ++i) printf("%s\n", calls[i]);
-  ok = compare(argv[1]);
+  ok = compare(argv[1]) && ok;
 
   /* The end: the form takes the container off, the host lets go. */
   user(kelmora_control_close(sited, &error), "close", &error);
