@@ -2,6 +2,7 @@
 
 #include "hosting/LibraryControls.h"
 #include "hosting/Main2.h"
+#include "hosting/Startup.h"
 #include "surface/ControlRegistry.h"
 #include "surface/UserControl.h"
 
@@ -15,6 +16,9 @@ std::shared_ptr<ClassFactory> ClassFactory::of(const Guid& clsid) {
 }
 
 std::shared_ptr<Object> ClassFactory::CreateInstance() const {
+  // The component run time's part: the thread's start-up before its first
+  // object, whichever class a host creates first.
+  Startup::ensureForThisThread();
   if (mClass->kind == TypeLibrary::ClassKind::Creatable)
     return std::make_shared<Main2>();
   // Controls are made as the toolkit makes them, by registered identifier.

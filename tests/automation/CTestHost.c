@@ -502,6 +502,11 @@ int main(int argc, char** argv) {
   for (i = 0; i < call_count; ++i) printf("%s\n", calls[i]);
   ok = compare(argv[1]) && ok;
 
+  if (DllCanUnloadNow() != KELMORA_S_FALSE) {
+    fprintf(stderr, "the library would unload under a live container\n");
+    ok = 0;
+  }
+
   /* The end: the form takes the container off, the host lets go. */
   user(kelmora_control_close(sited, &error), "close", &error);
   kelmora_release(sited);
