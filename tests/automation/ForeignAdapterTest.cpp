@@ -81,5 +81,19 @@ TEST(ForeignAdapterTest, WhatTheHostWritesIntoAnArgumentReachesTheLibrary) {
   EXPECT_THROW(HostObjects::callback(std::make_shared<TextBox>()), RuntimeError);
 }
 
+TEST(ForeignAdapterTest, SettingsHandOutTheirOutputTemplatesAsByNameObjects) {
+  auto settings = std::make_shared<ScriptedForeignObject>();
+  auto webTemplate = std::make_shared<ScriptedForeignObject>();
+  webTemplate->members["isURL"] = [](std::vector<Variant>& arguments) {
+    return Variant(arguments[0].toString().starts_with("http"));
+  };
+  settings->members["outputTemplates"] = [&](std::vector<Variant>& arguments) {
+    EXPECT_EQ(arguments[0].toLong(), 13);
+    return Variant(std::shared_ptr<Object>(webTemplate));
+  };
+  std::string url = "https://example.org";
+  EXPECT_TRUE(HostObjects::settings(settings)->outputTemplates(13)->isURL(url));
+}
+
 }  // namespace
 }  // namespace kelmora
