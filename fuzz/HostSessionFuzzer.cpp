@@ -48,7 +48,7 @@ class Source {
  public:
   Source(const uint8_t* data, size_t size) : mData(data, size) {}
 
-  bool empty() const { return mData.remaining_bytes() == 0; }
+  bool empty() { return mData.remaining_bytes() == 0; }
   bool coin() { return mData.ConsumeBool(); }
   // True about once in `n` times.
   bool oneIn(uint8_t n) { return mData.ConsumeIntegralInRange<uint8_t>(0, n - 1) == 0; }

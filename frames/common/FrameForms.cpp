@@ -40,6 +40,24 @@ void FrameForms::forwardDrop(const Dumpable* owner, const ProcedureName& name, c
   });
 }
 
+std::shared_ptr<ControlCollection> FrameForms::getControls(const Dumpable* owner,
+                                                           const ProcedureName& name,
+                                                           const UserControl& frame) {
+  Procedure proc{owner, name};
+  return proc.run<std::shared_ptr<ControlCollection>>(
+      [&](std::shared_ptr<ControlCollection>& result) {
+        proc.step([&] { result = frame.ControlsObject(); });
+      });
+}
+
+std::shared_ptr<Widget> FrameForms::GetActiveControl(const Dumpable* owner,
+                                                     const ProcedureName& name,
+                                                     const UserControl& frame) {
+  Procedure proc{owner, name};
+  return proc.run<std::shared_ptr<Widget>>(
+      [&](std::shared_ptr<Widget>& result) { proc.step([&] { result = frame.ActiveControl(); }); });
+}
+
 int16_t FrameForms::arrayCount(const UserControl& frame, const char* array) {
   return static_cast<int16_t>(frame.Controls().members(array).size());
 }

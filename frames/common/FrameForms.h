@@ -18,6 +18,12 @@ class DataObject;
 // procedure name: the frame passes itself and the name it reports.
 class FrameForms {
  public:
+  // getControls and GetActiveControl of the frame contract.
+  static std::shared_ptr<ControlCollection> getControls(const Dumpable* owner,
+                                                        const ProcedureName& name,
+                                                        const UserControl& frame);
+  static std::shared_ptr<Widget> GetActiveControl(const Dumpable* owner, const ProcedureName& name,
+                                                  const UserControl& frame);
   // SelectItem of the frame contract: the first entry of ComboBox(Index)
   // that equals str exactly, else entry 0.
   static void SelectItem(const Dumpable* owner, const ProcedureName& name, const UserControl& frame,

@@ -2,6 +2,7 @@
 
 #include "diagnostics/CommonFormProcessingFunctions.h"
 #include "diagnostics/Procedure.h"
+#include "frames/common/FrameForms.h"
 #include "frames/esource/EsourceForm.h"
 #include "platform/Arrays.h"
 #include "platform/Dictionary.h"
@@ -39,17 +40,11 @@ Esource::Esource() {
 Esource::~Esource() = default;
 
 std::shared_ptr<ControlCollection> Esource::getControls() {
-  Procedure proc{this, procedureName<"Esource.getControls">()};
-  return proc.run<std::shared_ptr<ControlCollection>>(
-      [&](std::shared_ptr<ControlCollection>& result) {
-        proc.step([&] { result = ControlsObject(); });
-      });
+  return FrameForms::getControls(this, procedureName<"Esource.getControls">(), *this);
 }
 
 std::shared_ptr<Widget> Esource::GetActiveControl() {
-  Procedure proc{this, procedureName<"Esource.GetActiveControl">()};
-  return proc.run<std::shared_ptr<Widget>>(
-      [&](std::shared_ptr<Widget>& result) { proc.step([&] { result = ActiveControl(); }); });
+  return FrameForms::GetActiveControl(this, procedureName<"Esource.GetActiveControl">(), *this);
 }
 
 // The form has neither options nor hidden rows: there is nothing to select
@@ -400,14 +395,7 @@ void Esource::RecipientFrame_OLEDragDrop(std::shared_ptr<DataObject>& Data) {
 
 // The host may hand back other data; the dropper sees what it left.
 void Esource::forwardDrop(std::shared_ptr<DataObject>& Data) {
-  Procedure proc{this, procedureName<"Esource.forwardDrop">(), {arg("Data", Data)}};
-  proc.run([&] {
-    std::shared_ptr<DataObject> reference;
-    proc.local("reference", reference);
-    proc.step([&] { reference = Data; });
-    proc.step([&] { FrameParent::of(*this).HandleDragDrop(reference); });
-    proc.step([&] { Data = reference; });
-  });
+  FrameForms::forwardDrop(this, procedureName<"Esource.forwardDrop">(), *this, Data);
 }
 
 // ---------------------------------------------------------------------------

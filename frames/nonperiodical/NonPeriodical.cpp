@@ -47,17 +47,12 @@ NonPeriodical::NonPeriodical() {
 NonPeriodical::~NonPeriodical() = default;
 
 std::shared_ptr<ControlCollection> NonPeriodical::getControls() {
-  Procedure proc{this, procedureName<"NonPeriodical.getControls">()};
-  return proc.run<std::shared_ptr<ControlCollection>>(
-      [&](std::shared_ptr<ControlCollection>& result) {
-        proc.step([&] { result = ControlsObject(); });
-      });
+  return FrameForms::getControls(this, procedureName<"NonPeriodical.getControls">(), *this);
 }
 
 std::shared_ptr<Widget> NonPeriodical::GetActiveControl() {
-  Procedure proc{this, procedureName<"NonPeriodical.GetActiveControl">()};
-  return proc.run<std::shared_ptr<Widget>>(
-      [&](std::shared_ptr<Widget>& result) { proc.step([&] { result = ActiveControl(); }); });
+  return FrameForms::GetActiveControl(this, procedureName<"NonPeriodical.GetActiveControl">(),
+                                      *this);
 }
 
 void NonPeriodical::UpdateFrame(int16_t& Index, bool& showAllFields) {

@@ -40,17 +40,11 @@ Periodical::Periodical() {
 Periodical::~Periodical() = default;
 
 std::shared_ptr<ControlCollection> Periodical::getControls() {
-  Procedure proc{this, procedureName<"Periodical.getControls">()};
-  return proc.run<std::shared_ptr<ControlCollection>>(
-      [&](std::shared_ptr<ControlCollection>& result) {
-        proc.step([&] { result = ControlsObject(); });
-      });
+  return FrameForms::getControls(this, procedureName<"Periodical.getControls">(), *this);
 }
 
 std::shared_ptr<Widget> Periodical::GetActiveControl() {
-  Procedure proc{this, procedureName<"Periodical.GetActiveControl">()};
-  return proc.run<std::shared_ptr<Widget>>(
-      [&](std::shared_ptr<Widget>& result) { proc.step([&] { result = ActiveControl(); }); });
+  return FrameForms::GetActiveControl(this, procedureName<"Periodical.GetActiveControl">(), *this);
 }
 
 void Periodical::initialize() {

@@ -39,15 +39,15 @@ TEST(SettingsFileTest, TheAccessDateDiffersAcrossTheFamilies) {
 }
 
 TEST(SettingsFileTest, MissingMembersFailAsOnAHostWithoutThem) {
-  SettingsFile settings(Json{{"Format", 2}, {"outputTemplates", {{{"urlPrefixes", {"doi:"}}}}}},
-                        "inline");
+  SettingsFile settings(
+      Json{{"Format", 2}, {"outputTemplates", {{"13", {{"urlPrefixes", {"doi:"}}}}}}}, "inline");
   EXPECT_EQ(settings.Format(), 2);
   EXPECT_EQ(errorOf([&] { settings.accessDateFormat(); }), kMemberNotSupported);
   std::string doi = "doi:10.1/x";
   std::string plain = "10.1/x";
-  EXPECT_TRUE(settings.outputTemplates(0)->isURL(doi));
-  EXPECT_FALSE(settings.outputTemplates(0)->isURL(plain));
-  EXPECT_EQ(errorOf([&] { settings.outputTemplates(1); }), kSubscriptOutOfRange);
+  EXPECT_TRUE(settings.outputTemplates(13)->isURL(doi));
+  EXPECT_FALSE(settings.outputTemplates(13)->isURL(plain));
+  EXPECT_EQ(errorOf([&] { settings.outputTemplates(0); }), kSubscriptOutOfRange);
 }
 
 }  // namespace

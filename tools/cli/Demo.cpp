@@ -25,6 +25,7 @@ struct DemoPart {
 };
 constexpr DemoPart kParts[] = {
     {ControlRegistry::kPeriodical, "demo-periodical.json"},
+    {ControlRegistry::kNonPeriodical, "demo-nonperiodical.json"},
     {ControlRegistry::kEsource, "demo-esource.json"},
 };
 

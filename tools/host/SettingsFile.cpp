@@ -54,9 +54,14 @@ bool fits(const Json& value, Kind kind) {
     case Kind::Text:
       return value.is_string();
     case Kind::Templates:
-      if (!value.is_array())
+      // Templates are numbered by the format, and a frame asks for the one
+      // of its number, so they are written under their numbers.
+      if (!value.is_object())
         return false;
-      for (const auto& entry : value) {
+      for (const auto& [number, entry] : value.items()) {
+        if (number.empty() || number.size() > 9 ||
+            number.find_first_not_of("0123456789") != std::string::npos)
+          return false;
         if (!entry.is_object() || !entry.contains("urlPrefixes") || entry.size() != 1 ||
             !entry["urlPrefixes"].is_array()) {
           return false;
@@ -79,7 +84,7 @@ const char* kindText(Kind kind) {
     case Kind::Text:
       return "a text";
     case Kind::Templates:
-      return "a list of {\"urlPrefixes\": [texts]}";
+      return "an object of template numbers and {\"urlPrefixes\": [texts]}";
   }
   return "";
 }
@@ -159,10 +164,10 @@ bool SettingsFile::WebsiteImpliesDate() {
 
 std::shared_ptr<OutputTemplate> SettingsFile::outputTemplates(int32_t index) {
   const auto& templates = member("outputTemplates");
-  if (index < 0 || static_cast<size_t>(index) >= templates.size())
+  auto found = templates.find(std::to_string(index));
+  if (found == templates.end())
     throw RuntimeError(kSubscriptOutOfRange);
-  return std::make_shared<PrefixTemplate>(
-      templates[static_cast<size_t>(index)]["urlPrefixes"].get<std::vector<std::string>>());
+  return std::make_shared<PrefixTemplate>((*found)["urlPrefixes"].get<std::vector<std::string>>());
 }
 
 bool SettingsFile::esourceShowsAuthorPopup() {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "diagnostics/vbwProtector.h"
+
 #include "frames/periodical/Periodical.h"
 #include "support/ContainerHost.h"
 #include "support/FreshThread.h"
@@ -23,7 +25,6 @@ using Calls = std::vector<std::string>;
 
 // Internal indices of the catalogue that the tests store or execute.
 constexpr int16_t kOnline = 5;
-constexpr int16_t kAccessDate = 6;
 constexpr int16_t kBookOption = 23;
 constexpr int16_t kWebsiteOption = 24;
 constexpr int16_t kMediumLabel = 25;
@@ -470,6 +471,60 @@ TEST(NonPeriodicalTest, FormatSequencesSetThePageRowAndTheDateRow) {
       EXPECT_EQ(host.failures(), Calls{});
     }
   });
+}
+
+// Each format's rule rows as the toggler received them, in order; the
+// online template is held in format 2 only, so that a later format leaves
+// the publisher row to the book option alone.
+TEST(NonPeriodicalTest, EachFormatRegistersItsRowsInOrder) {
+  const std::string medium =
+      "v8_PublicationMediumComboLabel=Medium||v6_WebsiteOption=True|"
+      "WebsiteLabel,Online,AccessDateLabel,AccessDate|True";
+  const std::vector<std::vector<std::string>> rows = {
+      {medium, "Online<>|AccessDateLabel,AccessDate,PublishDateLabel,v579_BookPublishDate|True"},
+      {"v8_PublicationMediumComboLabel=__ALWAYS_ENABLE__|"
+       "WebsiteLabel,Online,AccessDateLabel,AccessDate|True",
+       "Online=__ALWAYS_ENABLE__|WebsiteLabel|True",
+       "AccessDate=__ALWAYS_DISABLE__|AccessDateLabel,AccessDate|True",
+       "v6_WebsiteOption=True&&Online<>|PublishDateLabel,v579_BookPublishDate|True"},
+      {medium},
+      {medium,
+       "Online<>|AccessDateLabel,AccessDate,v8_PublicationDateTypeComboBox,v579_BookPublishDate|"
+       "True",
+       "SubworkComboLabel<>Entry||v6_WebsiteOption=True|PageLabel,Page|False"},
+  };
+  for (int32_t format = 0; format <= 3; ++format) {
+    SCOPED_TRACE(format);
+    scenario([&] {
+      int asked = 0;
+      const auto counting = [&asked](int32_t number) {
+        return SettingsBuilder().Format(number).outputTemplate(13, [&asked](const std::string&) {
+          ++asked;
+          return true;
+        });
+      };
+      BookHost host(counting(2));
+      vbwProtector::vbwTraceParameters() = true;
+      host.bridge.service().calls.clear();
+      host.format(counting(format));
+      std::vector<std::string> added;
+      const std::string prefix = "in Kelmora.DepWidgetToggler.Add (";
+      for (const auto& call : host.bridge.service().callsStartingWith(prefix)) {
+        std::string row = call.substr(prefix.size(), call.size() - prefix.size() - 2);
+        for (const char* name : {"enableKey=", ", dependentWidgets=", ", toggleByHiding="})
+          row.replace(row.find(name), std::string(name).size(), row.starts_with(name) ? "" : "|");
+        added.push_back(row);
+      }
+      EXPECT_EQ(added, rows[static_cast<size_t>(format)]);
+      // A website's publisher row asks the template in format 2 only; a
+      // later format no longer holds the one format 2 took.
+      asked = 0;
+      host.load(stored(true, "https://example.org"));
+      host.update(-1, false);
+      EXPECT_EQ(asked > 0, format == 2);
+      EXPECT_EQ(host.at("PublisherFrame").Visible(), format == 2) << host.frames();
+    });
+  }
 }
 
 TEST(NonPeriodicalTest, OnlyTheLaterFormatsOfAFrameShowAndArrange) {
