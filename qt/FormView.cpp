@@ -63,8 +63,8 @@ class Syncing {
 };
 
 // The form's font: the toolkit has no font of its own, and its forms are
-// laid out for a small sans-serif face.
-constexpr int kFontPixels = 11;
+// laid out for a small sans-serif face, the size the SVG picture uses.
+constexpr int kFontPixels = 10;
 
 }  // namespace
 
@@ -385,8 +385,10 @@ void FormView::syncGeometry(Widget& widget) {
     rect.top -= inside.top;
   }
   const QRect pixels(qRound(rect.left), qRound(rect.top), qRound(rect.width), qRound(rect.height));
+  // The form takes the size its user control has, whatever the layout
+  // around it would give it.
   if (view == this)
-    resize(pixels.size());
+    setFixedSize(pixels.size());
   else
     view->setGeometry(pixels);
 }

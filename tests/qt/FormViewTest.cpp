@@ -7,8 +7,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QDropEvent>
 #include <QImage>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QRadioButton>
 #include <QTest>
 
@@ -16,6 +18,7 @@
 #include <regex>
 
 #include "QtForm.h"
+#include "host/TextDataObject.h"
 #include "hosting/FrameContainer.h"
 #include "render/SvgRenderer.h"
 #include "scenario/WidgetLocator.h"
@@ -122,6 +125,37 @@ TEST(FormViewTest, APersonInTheWindowReachesTheLibraryAsTheHeadlessUserDoes) {
        [](QtForm& form) {
          pick(dynamic_cast<QComboBox&>(*form.qtWidget("ComboBox(0)")), "Special issue");
        }},
+      // The type options are the host's to show; shown, a click is the
+      // frame's.
+      {"clicking the Magazine option", kPeriodical, 1, "OptionButtonChanged",
+       [](QtForm& form) {
+         form.widget("OptionButton(1)")->Visible(true);
+         UserActions::click(dynamic_cast<OptionButton&>(*form.widget("OptionButton(1)")));
+       },
+       [](QtForm& form) {
+         form.widget("OptionButton(1)")->Visible(true);
+         QTest::mouseClick(form.qtWidget("OptionButton(1)"), Qt::LeftButton, {}, QPoint(6, 6));
+       }},
+      {"resting the pointer on a field", kPeriodical, 1, "HandleMouseMove",
+       [](QtForm& form) { UserActions::moveMouseOver(*form.widget("PeriodicalVolume")); },
+       [](QtForm& form) { QTest::mouseMove(form.qtWidget("PeriodicalVolume")); }},
+      {"dropping text from another program on the frame", kEsource, 0, "HandleDragDrop",
+       [](QtForm& form) {
+         UserActions::drop(*WidgetLocator::frame(form.host.container(), -1),
+                           std::make_shared<TextDataObject>("dropped"));
+       },
+       [](QtForm& form) {
+         auto frame = WidgetLocator::frame(form.host.container(), -1);
+         // A corner of the frame's surface, where no widget stands.
+         const QPointF at(frame->Left() + 1, frame->Top() + 1);
+         QMimeData text;
+         text.setText(QStringLiteral("dropped"));
+         // As a drag from elsewhere arrives: it enters, then drops.
+         QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+         QApplication::sendEvent(form.view.get(), &enter);
+         QDropEvent drop(at, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+         QApplication::sendEvent(form.view.get(), &drop);
+       }},
   };
   for (const auto& doing : doings) {
     SCOPED_TRACE(doing.what);
@@ -136,12 +170,15 @@ TEST(FormViewTest, APersonInTheWindowReachesTheLibraryAsTheHeadlessUserDoes) {
       headless = form.events();
     }
     QtForm form(doing.whichType, doing.family, true);
+    form.view->dropData = [](const std::string& dropped) {
+      return std::make_shared<TextDataObject>(dropped);
+    };
     try {
       doing.inWindow(form);
     } catch (const std::exception& error) {
       ADD_FAILURE() << error.what();
     }
-    EXPECT_TRUE(form.failures.empty()) << form.failures.front();
+    EXPECT_TRUE(form.failures.empty()) << (form.failures.empty() ? "" : form.failures.front());
     const std::vector<Json> inWindow = form.events();
     EXPECT_EQ(inWindow, headless);
     const auto heard = std::count_if(inWindow.begin(), inWindow.end(), [&](const Json& event) {

@@ -18,8 +18,8 @@ int kelmora(const std::string& arguments, const ScratchDir& scratch, std::string
             const std::string& environment = "") {
   const auto errFile = scratch.path() / "err.txt";
   const std::string command = environment + " '" + KELMORA_PROGRAM + "' " + arguments + " > '" +
-                              (scratch.path() / "out.txt").string() + "' 2> '" +
-                              errFile.string() + "'";
+                              (scratch.path() / "out.txt").string() + "' 2> '" + errFile.string() +
+                              "'";
   const int status = std::system(command.c_str());
   std::ifstream in(errFile);
   std::stringstream text;

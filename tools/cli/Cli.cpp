@@ -153,11 +153,13 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
 
 #ifdef KELMORA_WITH_GUI
   Gui::Options guiOptions;
-  auto* guiCommand = app.add_subcommand("gui", "Show the form in a window with a host panel and "
-                                               "a live log of the calls");
+  auto* guiCommand = app.add_subcommand("gui",
+                                        "Show the form in a window with a host panel and "
+                                        "a live log of the calls");
   guiCommand->add_option("--scenario", guiOptions.scenario, "Play this scenario into the window");
-  guiCommand->add_option("--pictures", guiOptions.pictures,
-                         "Directory the scenario's \"svg\" paths are under")
+  guiCommand
+      ->add_option("--pictures", guiOptions.pictures,
+                   "Directory the scenario's \"svg\" paths are under")
       ->capture_default_str();
   guiCommand->add_option("--screenshot", guiOptions.screenshot,
                          "Save a PNG of the window and end (no display needed)");

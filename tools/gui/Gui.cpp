@@ -38,7 +38,8 @@ int Gui::run(const Options& options, std::ostream& out, std::ostream& err) {
            "--screenshot\n";
     return 2;
   }
-  const Scenario scenario = options.scenario.empty() ? Scenario{} : Scenario::load(options.scenario);
+  const Scenario scenario =
+      options.scenario.empty() ? Scenario{} : Scenario::load(options.scenario);
   int argc = 1;
   char name[] = "kelmora";
   char* argv[] = {name, nullptr};

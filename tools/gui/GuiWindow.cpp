@@ -96,8 +96,9 @@ GuiWindow::GuiWindow(ToolHost& host, LogSink& log) : mHost(host), mLog(log) {
   top->addStretch(1);
   auto* whole = new QVBoxLayout(this);
   whole->addLayout(top);
-  whole->addWidget(new QLabel(QStringLiteral("Calls of the host on the library (->) and of the "
-                                             "library on the host (<-):")));
+  whole->addWidget(
+      new QLabel(QStringLiteral("Calls of the host on the library (->) and of the "
+                                "library on the host (<-):")));
   whole->addWidget(mLogView, 1);
 
   mLog.listen([this](const std::string& line) { note(line); });
@@ -145,9 +146,8 @@ void GuiWindow::showChosenFrame() {
   const int16_t option = type == kNonPeriodical ? static_cast<int16_t>(mOption->currentIndex()) : 0;
   FrameContainer& container = mHost.container();
   call("SetVisibleFrame", {type}, [&] { container.SetVisibleFrame(type); });
-  call("ToggleFormatDependentWidgets", {type, family}, [&] {
-    container.ToggleFormatDependentWidgets(type, SettingsFile::family(family));
-  });
+  call("ToggleFormatDependentWidgets", {type, family},
+       [&] { container.ToggleFormatDependentWidgets(type, SettingsFile::family(family)); });
   call("UpdateFrame", {option, showAll}, [&] { container.UpdateFrame(option, showAll); });
 }
 
