@@ -91,19 +91,26 @@ FormView::FormView(UserControl& root, QWidget* parent)
   syncFocus();
   // Focus that leaves the form for the rest of the window leaves the
   // library's forms; a window that only loses activation keeps its focus.
-  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
-    if (mSyncing || now == nullptr || old == nullptr)
-      return;
-    if (holds(old) && !holds(now))
-      perform(nullptr, "focus leaving the form", [] { UserActions::focusAway(); });
-  });
+  mFocusChanges =
+      connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
+        if (mSyncing || now == nullptr || old == nullptr)
+          return;
+        if (holds(old) && !holds(now))
+          perform(nullptr, "focus leaving the form", [] { UserActions::focusAway(); });
+      });
 }
 
 FormView::~FormView() {
+  // Qt tells of focus changes while it takes a shown window down, when this
+  // is no longer a FormView: nothing of that may reach the toolkit.
+  disconnect(mFocusChanges);
+  mSyncing = true;
   for (const auto& [view, weak] : mWidgets) {
     if (auto widget = weak.lock())
       widget->removeObserver(this);
   }
+  // The counterparts go while their filter still is this view.
+  qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
 bool FormView::holds(const QWidget* widget) const {

@@ -93,6 +93,7 @@ class FormView : public QWidget, private PropertyObserver {
   bool holds(const QWidget* widget) const;
 
   std::weak_ptr<Widget> mRoot;
+  QMetaObject::Connection mFocusChanges;
   // Counterparts by toolkit widget, and the other way round.
   std::unordered_map<const Widget*, QPointer<QWidget>> mViews;
   std::unordered_map<const QWidget*, std::weak_ptr<Widget>> mWidgets;

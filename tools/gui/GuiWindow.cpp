@@ -71,6 +71,13 @@ GuiWindow::GuiWindow(ToolHost& host, LogSink& log) : mHost(host), mLog(log) {
   mOption->addItem(QStringLiteral("Website"));
   mExample = new QPushButton(QStringLiteral("Load an example reference"));
   auto* resetButton = new QPushButton(QStringLiteral("Reset"));
+  // Named, so that a test or an accessibility tool finds them.
+  mType->setObjectName(QStringLiteral("type"));
+  mFamily->setObjectName(QStringLiteral("family"));
+  mShowAll->setObjectName(QStringLiteral("showAll"));
+  mOption->setObjectName(QStringLiteral("bookOrWebsite"));
+  mExample->setObjectName(QStringLiteral("example"));
+  resetButton->setObjectName(QStringLiteral("reset"));
   panel->addRow(QStringLiteral("Reference type"), mType);
   panel->addRow(QStringLiteral("Format family"), mFamily);
   panel->addRow(QString(), mShowAll);
@@ -83,6 +90,7 @@ GuiWindow::GuiWindow(ToolHost& host, LogSink& log) : mHost(host), mLog(log) {
   mForm->onFailure = [this](const std::string& message) { note("  !! " + message); };
 
   mLogView = new QPlainTextEdit;
+  mLogView->setObjectName(QStringLiteral("log"));
   mLogView->setReadOnly(true);
   mLogView->setLineWrapMode(QPlainTextEdit::NoWrap);
   QFont fixed(QStringLiteral("DejaVu Sans Mono"));
