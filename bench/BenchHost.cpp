@@ -1,8 +1,8 @@
 #include "BenchHost.h"
 
 #include "frames/esource/Esource.h"
+#include "frames/nonperiodical/NonPeriodical.h"
 #include "frames/periodical/Periodical.h"
-#include "support/TestFrame.h"
 #include "surface/ControlCollection.h"
 #include "surface/ControlRegistry.h"
 #include "surface/ControlWrapper.h"
@@ -10,7 +10,9 @@
 namespace kelmora::bench {
 
 FrameBenchHost::FrameBenchHost(int16_t type, int32_t format) : whichType(type) {
-  testing::TestFrame::registerForAllTypes();
+  ControlRegistry::Register(ControlRegistry::kNonPeriodical, []() -> std::shared_ptr<UserControl> {
+    return std::make_shared<NonPeriodical>();
+  });
   ControlRegistry::Register(ControlRegistry::kPeriodical, []() -> std::shared_ptr<UserControl> {
     return std::make_shared<Periodical>();
   });
@@ -27,10 +29,6 @@ FrameBenchHost::FrameBenchHost(int16_t type, int32_t format) : whichType(type) {
 
 FrameBenchHost::~FrameBenchHost() {
   form->unload();
-  // The stand-in frames keep a log of their calls for tests; it is no part
-  // of what the library holds.
-  testing::TestFrame::log().clear();
-  testing::TestFrame::log().shrink_to_fit();
 }
 
 std::shared_ptr<Widget> FrameBenchHost::widget(const char* name, int16_t index) const {
@@ -52,6 +50,55 @@ std::vector<std::string> FrameBenchHost::record(
 
 PeriodicalBenchHost::PeriodicalBenchHost() : FrameBenchHost(1, 1) {
   container->UpdateFrame(-1, true);
+}
+
+NonPeriodicalBenchHost::NonPeriodicalBenchHost() : FrameBenchHost(0, 0) {
+  auto website = sampleWebsite();
+  container->SynchronizeFieldsWithModel(0, website);
+}
+
+std::vector<std::string> NonPeriodicalBenchHost::sampleBook() const {
+  return record(28, {
+                        {"Title", "The art of computer programming"},
+                        {"Author", "Knuth, Donald E."},
+                        {"Notes", "Third edition, fourth printing"},
+                        {"IncludeInFootnotesBookDeprecated", "False"},
+                        {"Year", "1997"},
+                        {"Page", "232"},
+                        {"CompilerOrEditor", "Walden, Phyllis"},
+                        {"CompilerOrEditorComboLabel", "Editor"},
+                        {"Edition", "3"},
+                        {"Subwork", "Seminumerical algorithms"},
+                        {"SubworkComboLabel", "Chapter title"},
+                        {"MultiPartComboLabel", "Multi-vol."},
+                        {"MultiPartWork", "2"},
+                        {"Place", "Reading, Mass."},
+                        {"Publisher", "Addison-Wesley"},
+                        {"Translator", "Lindqvist, Maja"},
+                        {"v579_BookPublishDate", "1997, July 1"},
+                        {"v579_PageRange", "232-240"},
+                        {"v6_BookOption", "True"},
+                        {"v6_WebsiteOption", "False"},
+                        {"v8_PublicationMediumComboLabel", "Medium"},
+                        {"v8_PublicationMedium", "Print"},
+                        {"v8_PublicationDateTypeComboBox", "Published"},
+                        {"v4_keywords", "algorithms"},
+                    });
+}
+
+std::vector<std::string> NonPeriodicalBenchHost::sampleWebsite() const {
+  return record(28, {
+                        {"Title", "Tide tables"},
+                        {"Online", "https://tides.example.org/tables"},
+                        {"IncludeInFootnotesBookDeprecated", "False"},
+                        {"CompilerOrEditorComboLabel", "Editor"},
+                        {"SubworkComboLabel", "Chapter title"},
+                        {"MultiPartComboLabel", "Multi-vol."},
+                        {"v6_BookOption", "False"},
+                        {"v6_WebsiteOption", "True"},
+                        {"v8_PublicationMediumComboLabel", "Medium"},
+                        {"v8_PublicationDateTypeComboBox", "Published"},
+                    });
 }
 
 EsourceBenchHost::EsourceBenchHost() : FrameBenchHost(4, 1) {}

@@ -10,6 +10,7 @@
 #include "surface/FormatterSettings.h"
 #include "surface/HeadlessHostForm.h"
 #include "surface/HostCallback.h"
+#include "surface/OutputTemplate.h"
 
 namespace kelmora::bench {
 
@@ -52,6 +53,9 @@ class BenchSettings : public FormatterSettings {
   std::string tooltipTextPeriodical() override { return "Date of the issue"; }
   std::string accessDateFormat() override { return "d MMMM yyyy"; }
   bool alwaysEnableAccessDate() override { return false; }
+  // A website gives its date as an access date; every text is a URL.
+  bool WebsiteImpliesDate() override { return true; }
+  std::shared_ptr<OutputTemplate> outputTemplates(int32_t) override { return mTemplate; }
   // An e-source format with every row and the longest type list.
   bool esourceShowsAuthorPopup() override { return true; }
   bool esourceHasTitle() override { return true; }
@@ -65,13 +69,15 @@ class BenchSettings : public FormatterSettings {
   int32_t esourceType() override { return 3; }
 
  private:
+  class UrlTemplate : public OutputTemplate {
+   public:
+    bool isURL(std::string&) override { return true; }
+  };
   int32_t mFormat;
+  std::shared_ptr<OutputTemplate> mTemplate = std::make_shared<UrlTemplate>();
 };
 
 // A host with the frame of one type shown under a BenchSettings format.
-// The NonPeriodical frame is not part of the library yet; test frames made
-// from the catalogues stand in for the types without a real frame, so that
-// showing a type can hide the type-0 frame the container makes first.
 struct FrameBenchHost {
   ScopedNoopTracing tracing;
   std::shared_ptr<Main2> main = std::make_shared<Main2>();
@@ -99,6 +105,16 @@ struct PeriodicalBenchHost : FrameBenchHost {
   PeriodicalBenchHost();
   // A full stored journal article, one value per field.
   std::vector<std::string> sampleArticle() const;
+};
+
+// The NonPeriodical frame under family 0 with the website option on, so
+// that the website field's rule rows decide the date rows.
+struct NonPeriodicalBenchHost : FrameBenchHost {
+  NonPeriodicalBenchHost();
+  // A full stored book, one value per field.
+  std::vector<std::string> sampleBook() const;
+  // A stored website.
+  std::vector<std::string> sampleWebsite() const;
 };
 
 // The Esource frame under a format with every row.

@@ -1,6 +1,6 @@
 // Benchmarks of the paths a host and an author hit, each through
 // FrameContainer with a host that only counts: the keystroke path and
-// loading a reference (on Periodical and on Esource), a format switch, the
+// loading a reference on each of the three frames, a format switch, the
 // show-all switch, building a container, and Model construction. The
 // keystroke and load paths are also measured against a floor: the same
 // string writes and host calls on plain data, through a virtual interface,
@@ -17,88 +17,92 @@ namespace {
 
 using bench::AllocationScope;
 using bench::EsourceBenchHost;
+using bench::NonPeriodicalBenchHost;
 using bench::PeriodicalBenchHost;
 
-// The keystroke path: one change of PeriodicalOnline reaches the host, and
-// the host answers with the rules of that field and the close-up.
-void BM_KeystrokePath(benchmark::State& state) {
-  PeriodicalBenchHost host;
-  auto online = std::dynamic_pointer_cast<TextBox>(host.widget("TextBox", 8));
-  const int16_t index = host.internalIndex("PeriodicalOnline");
-  const std::string texts[] = {"https://doi.org/10.1145/609784.609818",
-                               "https://doi.org/10.1145/609784.609819"};
+// A keystroke: one change of a text field reaches the host, and the host
+// answers with the rules of that field and the close-up. The field's text
+// alternates between two values, so that every keystroke changes it.
+template <typename Host>
+void keystrokePath(benchmark::State& state, int16_t textBox, const char* key,
+                   const std::string (&texts)[2]) {
+  Host host;
+  auto field = std::dynamic_pointer_cast<TextBox>(host.widget("TextBox", textBox));
+  const int16_t index = host.internalIndex(key);
   size_t next = 0;
   for (int warm = 0; warm < 4; ++warm) {
-    online->Text(texts[next ^= 1]);
-    host.container->ExecuteDependentWidgetToggler(1, index);
+    field->Text(texts[next ^= 1]);
+    host.container->ExecuteDependentWidgetToggler(host.whichType, index);
   }
   AllocationScope allocations(state);
   for (auto _ : state) {
-    online->Text(texts[next ^= 1]);
-    host.container->ExecuteDependentWidgetToggler(1, index);
+    field->Text(texts[next ^= 1]);
+    host.container->ExecuteDependentWidgetToggler(host.whichType, index);
   }
   allocations.report();
   bench::ScopedNoopTracing::checkNoFailures(state);
+}
+
+// Loading a full stored reference, alternating with one that differs in
+// one field, so that each load really changes something.
+template <typename Host>
+void loadPath(benchmark::State& state, std::vector<std::string> (Host::*sample)() const,
+              const char* changedKey, const char* changedValue) {
+  Host host;
+  auto record = (host.*sample)();
+  auto other = record;
+  other[static_cast<size_t>(host.internalIndex(changedKey))] = changedValue;
+  host.container->SynchronizeFieldsWithModel(host.whichType, record);
+  bool flip = false;
+  AllocationScope allocations(state);
+  for (auto _ : state) {
+    host.container->SynchronizeFieldsWithModel(host.whichType, (flip = !flip) ? other : record);
+  }
+  allocations.report();
+  bench::ScopedNoopTracing::checkNoFailures(state);
+}
+
+// A change of PeriodicalOnline (a DOI).
+void BM_KeystrokePath(benchmark::State& state) {
+  keystrokePath<PeriodicalBenchHost>(
+      state, 8, "PeriodicalOnline",
+      {"https://doi.org/10.1145/609784.609818", "https://doi.org/10.1145/609784.609819"});
 }
 BENCHMARK(BM_KeystrokePath);
 
-// Loading a full stored journal article into the frame.
+// A full stored journal article.
 void BM_LoadPath(benchmark::State& state) {
-  PeriodicalBenchHost host;
-  auto article = host.sampleArticle();
-  auto other = article;
-  other[static_cast<size_t>(host.internalIndex("PeriodicalArticleTitle"))] = "Another title";
-  host.container->SynchronizeFieldsWithModel(1, article);
-  bool flip = false;
-  AllocationScope allocations(state);
-  for (auto _ : state) {
-    host.container->SynchronizeFieldsWithModel(1, (flip = !flip) ? other : article);
-  }
-  allocations.report();
-  bench::ScopedNoopTracing::checkNoFailures(state);
+  loadPath(state, &PeriodicalBenchHost::sampleArticle, "PeriodicalArticleTitle", "Another title");
 }
 BENCHMARK(BM_LoadPath);
 
-// The Esource keystroke path: one change of EsourceURL shows or keeps the
-// access date and reaches the host, and the host answers with the rules of
-// that field (the frame registers none) and the close-up (the frame has
-// none to do).
+// A change of the NonPeriodical website field, whose rule rows decide the
+// access date and publish date rows.
+void BM_NonPeriodicalKeystrokePath(benchmark::State& state) {
+  keystrokePath<NonPeriodicalBenchHost>(
+      state, 10, "Online",
+      {"https://tides.example.org/tables", "https://tides.example.org/tables2"});
+}
+BENCHMARK(BM_NonPeriodicalKeystrokePath);
+
+// A full stored book.
+void BM_NonPeriodicalLoadPath(benchmark::State& state) {
+  loadPath(state, &NonPeriodicalBenchHost::sampleBook, "Title", "Another title");
+}
+BENCHMARK(BM_NonPeriodicalLoadPath);
+
+// A change of EsourceURL, which shows or keeps the access date and reaches
+// the host; the frame registers no rule rows and has no close-up to do.
 void BM_EsourceKeystrokePath(benchmark::State& state) {
-  EsourceBenchHost host;
-  auto url = std::dynamic_pointer_cast<TextBox>(host.widget("TextBox", 4));
-  const int16_t index = host.internalIndex("EsourceURL");
-  const std::string texts[] = {"https://forum.example.org/t/tidal-gauge/4127",
-                               "https://forum.example.org/t/tidal-gauge/4128"};
-  size_t next = 0;
-  for (int warm = 0; warm < 4; ++warm) {
-    url->Text(texts[next ^= 1]);
-    host.container->ExecuteDependentWidgetToggler(4, index);
-  }
-  AllocationScope allocations(state);
-  for (auto _ : state) {
-    url->Text(texts[next ^= 1]);
-    host.container->ExecuteDependentWidgetToggler(4, index);
-  }
-  allocations.report();
-  bench::ScopedNoopTracing::checkNoFailures(state);
+  keystrokePath<EsourceBenchHost>(state, 4, "EsourceURL",
+                                  {"https://forum.example.org/t/tidal-gauge/4127",
+                                   "https://forum.example.org/t/tidal-gauge/4128"});
 }
 BENCHMARK(BM_EsourceKeystrokePath);
 
-// Loading a full stored forum post into the Esource frame; the second post
-// differs in its title only.
+// A full stored forum post.
 void BM_EsourceLoadPath(benchmark::State& state) {
-  EsourceBenchHost host;
-  auto message = host.sampleMessage();
-  auto other = message;
-  other[static_cast<size_t>(host.internalIndex("EsourceTitle"))] = "Another subject";
-  host.container->SynchronizeFieldsWithModel(4, message);
-  bool flip = false;
-  AllocationScope allocations(state);
-  for (auto _ : state) {
-    host.container->SynchronizeFieldsWithModel(4, (flip = !flip) ? other : message);
-  }
-  allocations.report();
-  bench::ScopedNoopTracing::checkNoFailures(state);
+  loadPath(state, &EsourceBenchHost::sampleMessage, "EsourceTitle", "Another subject");
 }
 BENCHMARK(BM_EsourceLoadPath);
 
@@ -189,6 +193,11 @@ void BM_LoadFloor(benchmark::State& state) {
   loadFloor(state, &PeriodicalBenchHost::sampleArticle);
 }
 BENCHMARK(BM_LoadFloor);
+
+void BM_NonPeriodicalLoadFloor(benchmark::State& state) {
+  loadFloor(state, &NonPeriodicalBenchHost::sampleBook);
+}
+BENCHMARK(BM_NonPeriodicalLoadFloor);
 
 void BM_EsourceLoadFloor(benchmark::State& state) {
   loadFloor(state, &EsourceBenchHost::sampleMessage);

@@ -42,6 +42,8 @@ void Procedure::prologue() {
 }
 
 void Procedure::epilogue() {
+  // The exit report runs however the body was left.
+  mExited = false;
   try {
     auto traceOut = [] {
       if (vbwProtector::vbwTraceProc())

@@ -53,6 +53,17 @@ class Procedure {
   // epilogue still runs. Call it from inside a statement.
   [[noreturn]] void exitProcedure() { throw Exit{}; }
 
+  // Leaves the procedure normally once the running statement ends: every
+  // statement after it is skipped. Unlike exitProcedure it unwinds nothing,
+  // which matters on the paths an author's keystrokes take; use it as the
+  // last action of a statement; a loop of statements tests exited() in its
+  // condition, and a body with other code than statements after it returns
+  // when exited() says so.
+  void exitAfterStatement() { mExited = true; }
+  // True once exitAfterStatement was called: a loop of statements tests it
+  // in its condition, so that it stops too.
+  bool exited() const { return mExited; }
+
   // Runs one statement; its source line is the line the failure path
   // reports.
   template <typename Statement>
@@ -109,6 +120,8 @@ class Procedure {
 
   template <typename Statement>
   void stepAt(int32_t line, Statement& statement) {
+    if (mExited)
+      return;
     for (;;) {
       try {
         statement();
@@ -133,6 +146,7 @@ class Procedure {
   size_t mParameterCount = 0;
   size_t mVariableCount = 0;
   bool mGoOnPastFailures = false;
+  bool mExited = false;
 };
 
 }  // namespace kelmora

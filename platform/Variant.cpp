@@ -147,16 +147,30 @@ bool Variant::toBoolean() const {
     case Kind::Boolean:
       return std::get<bool>(mValue);
     case Kind::String: {
-      const auto& text = std::get<std::string>(mValue);
-      if (equalsIgnoringCase(text, "true"))
-        return true;
-      if (equalsIgnoringCase(text, "false"))
-        return false;
-      return toNumber() != 0;
+      bool value = false;
+      if (!parseBoolean(std::get<std::string>(mValue), value))
+        throw RuntimeError(kTypeMismatch);
+      return value;
     }
     default:
       return toNumber() != 0;
   }
+}
+
+bool Variant::parseBoolean(const std::string& text, bool& value) {
+  if (equalsIgnoringCase(text, "true")) {
+    value = true;
+    return true;
+  }
+  if (equalsIgnoringCase(text, "false")) {
+    value = false;
+    return true;
+  }
+  double number = 0;
+  if (!parseNumber(text, number))
+    return false;
+  value = number != 0;
+  return true;
 }
 
 const std::shared_ptr<Object>& Variant::toObject() const {

@@ -53,6 +53,9 @@ class Variant {
 
   // Reads a whole text, blanks around it allowed, as a number.
   static bool parseNumber(const std::string& text, double& number);
+  // Reads a text as toBoolean does ("True", "False" in any case, or a
+  // number); false when it is neither, where toBoolean fails with 13.
+  static bool parseBoolean(const std::string& text, bool& value);
 
  private:
   double toNumber() const;

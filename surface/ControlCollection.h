@@ -85,7 +85,7 @@ class ControlCollection : public Object {
   ByName mByName;
   // The names looked up last: a frame asks for the same few arrays over and
   // over. Emptied whenever the collection changes.
-  mutable std::array<std::pair<std::string_view, const Members*>, 4> mRecent{};
+  mutable std::array<std::pair<std::string_view, const Members*>, 16> mRecent{};
   mutable size_t mNextRecent = 0;
 };
 

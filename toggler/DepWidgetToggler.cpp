@@ -329,7 +329,7 @@ void DepWidgetToggler::Execute(const Controls& controls, int16_t Index) {
       // A hidden widget triggers nothing; option buttons always do.
       Widget& trigger = widgetAt(controls, Index, 0);
       if (trigger.Name() != "OptionButton" && !trigger.Visible())
-        proc.exitProcedure();
+        proc.exitAfterStatement();
     });
     proc.step([&] { EnableCommands(Index, controls, setA); });
     for (size_t i = 0; i < setA.size(); ++i) {
@@ -436,10 +436,10 @@ bool DepWidgetToggler::shouldEnableWidgetsImpl(const Condition& condition, const
       proc.step([&] {
         if (residue == "__ALWAYS_ENABLE__") {
           enable = true;
-          proc.exitProcedure();
+          proc.exitAfterStatement();
+        } else if (residue == "__ALWAYS_DISABLE__") {
+          proc.exitAfterStatement();
         }
-        if (residue == "__ALWAYS_DISABLE__")
-          proc.exitProcedure();
       });
       bool trueOnly = false;
       proc.step([&] {
@@ -463,14 +463,14 @@ bool DepWidgetToggler::shouldEnableWidgetsImpl(const Condition& condition, const
         residue = "True";
         valueOfWidget();
         result = value == "True";
-        proc.exitProcedure();
+        proc.exitAfterStatement();
       }
     });
     proc.step(valueOfWidget);
     proc.step([&] {
       if (residue.empty() && value.empty())
-        proc.exitProcedure();
-      if (!foundIn(residue, value))
+        proc.exitAfterStatement();
+      else if (!foundIn(residue, value))
         enable = true;
     });
   });

@@ -15,12 +15,12 @@ void FrameForms::SelectItem(const Dumpable* owner, const ProcedureName& name,
     int16_t count = 0;
     proc.local("i", i);
     proc.step([&] { count = frame.widget<ComboBox>("ComboBox", Index)->ListCount(); });
-    for (i = 0; i <= count - 1; ++i) {
+    for (i = 0; i <= count - 1 && !proc.exited(); ++i) {
       proc.step([&] {
         auto list = frame.widget<ComboBox>("ComboBox", Index);
         if (list->List(i) == str) {
           list->ListIndex(i);
-          proc.exitProcedure();
+          proc.exitAfterStatement();
         }
       });
     }

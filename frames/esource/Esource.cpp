@@ -177,12 +177,12 @@ void Esource::SelectItem(std::string& str, int16_t& Index) {
     int16_t count = 0;
     proc.local("i", i);
     proc.step([&] { count = comboBox(Index)->ListCount(); });
-    for (i = 0; i <= count - 1; ++i) {
+    for (i = 0; i <= count - 1 && !proc.exited(); ++i) {
       proc.step([&] {
         auto list = comboBox(Index);
         if (list->List(i) == str) {
           list->ListIndex(i);
-          proc.exitProcedure();
+          proc.exitAfterStatement();
         }
       });
     }

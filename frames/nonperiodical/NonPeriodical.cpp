@@ -432,7 +432,7 @@ void NonPeriodical::TextBox_LostFocus(int16_t Index) {
     // Focus that leaves the control altogether leaves no active widget.
     proc.step([&] {
       if (!ActiveControl())
-        proc.exitProcedure();
+        proc.exitAfterStatement();
     });
     proc.step([&] { tag = keyOf(textBox(Index)); });
     // The place goes with the publisher, the year with the access date.
@@ -494,7 +494,7 @@ void NonPeriodical::AccessDateHack_MouseMove() {
   proc.run([&] {
     proc.step([&] {
       if (mEnableAccessDate)
-        proc.exitProcedure();
+        proc.exitAfterStatement();
     });
     proc.step([&] {
       FrameParent::of(*this).HandleMouseMove({.field = widget<Label>("AccessDateHack")});
@@ -729,7 +729,7 @@ void NonPeriodical::AlignFields(const std::shared_ptr<Widget>& Control,
   proc.run([&] {
     proc.step([&] {
       if (!Late::object(Control).Visible())
-        proc.exitProcedure();
+        proc.exitAfterStatement();
     });
     proc.step([&] { Late::object(Control).Top(top); });
     // Centred on its field.

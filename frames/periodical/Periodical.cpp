@@ -117,11 +117,11 @@ int16_t Periodical::OptionButtonSelectedIndex() {
     int16_t count = 0;
     proc.local("i", i);
     proc.step([&] { count = arrayCount("OptionButton"); });
-    for (i = 0; i <= count - 1; ++i) {
+    for (i = 0; i <= count - 1 && !proc.exited(); ++i) {
       proc.step([&] {
         if (optionButton(i)->Value()) {
           result = i;
-          proc.exitProcedure();
+          proc.exitAfterStatement();
         }
       });
     }
@@ -550,7 +550,7 @@ void Periodical::TextBox_LostFocus(int16_t Index) {
     // the frame comes down.
     proc.step([&] {
       if (!ActiveControl())
-        proc.exitProcedure();
+        proc.exitAfterStatement();
     });
     proc.step([&] { key = keyOf(textBox(Index)); });
     proc.step([&] {
@@ -691,8 +691,10 @@ void Periodical::ArrangeAllFields() {
     // UpdateFrame arranges again after showing them.
     proc.step([&] {
       if (!AdvancedFieldsFrame().Visible())
-        proc.exitProcedure();
+        proc.exitAfterStatement();
     });
+    if (proc.exited())
+      return;
     proc.step([&] { upper = arrayUBound("TextBox"); });
     if (mLabels.empty()) {
       proc.step([&] { Arrays::ReDim(mLabels, upper - kFirstMovingRow); });

@@ -66,6 +66,26 @@ class Sample : public Dumpable {
     });
   }
 
+  // Walks five statements in a loop and leaves at the third, by unwinding
+  // or by skipping what follows; a statement after the loop must not run.
+  int16_t Leave(bool unwinding) {
+    Procedure proc{this, procedureName<"Sample.Leave">()};
+    return proc.run<int16_t>([&](int16_t& result) {
+      for (int i = 1; i <= 5 && !proc.exited(); ++i) {
+        proc.step([&] {
+          ran.push_back(i);
+          result = static_cast<int16_t>(i);
+          if (i == 3) {
+            if (unwinding)
+              proc.exitProcedure();
+            proc.exitAfterStatement();
+          }
+        });
+      }
+      proc.step([&] { ran.push_back(10); });
+    });
+  }
+
   void NoParameters() {
     Procedure proc{this, procedureName<"Sample.NoParameters">()};
     proc.run([] {});
@@ -250,6 +270,21 @@ TEST(ProcedureTest, GoingOnPastFailuresSkipsSilently) {
     EXPECT_EQ(bridge.service().calls,
               (std::vector<std::string>{"in Kelmora.Sample.Careless ", "out"}));
   });
+}
+
+TEST(ProcedureTest, LeavingKeepsTheResultSkipsTheRestAndReportsTheExit) {
+  for (bool unwinding : {true, false}) {
+    SCOPED_TRACE(unwinding);
+    onFreshThread([unwinding] {
+      ScopedBridge bridge;
+      vbwProtector::vbwTraceProc() = true;
+      Sample sample;
+      EXPECT_EQ(sample.Leave(unwinding), 3);
+      EXPECT_EQ(sample.ran, (std::vector<int>{1, 2, 3}));
+      EXPECT_EQ(bridge.service().calls,
+                (std::vector<std::string>{"in Kelmora.Sample.Leave ", "out"}));
+    });
+  }
 }
 
 TEST(ProcedureTest, ParameterTextIsBuiltOnlyUnderParameterTracing) {

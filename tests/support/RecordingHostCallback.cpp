@@ -50,6 +50,7 @@ void RecordingHostCallback::widgetChangeHandler(
     bool& isKeyField, int16_t& Index, std::string& value, std::shared_ptr<Object>& theControl,
     std::shared_ptr<Object>& theSecondControl, std::string& secondaryText, bool suppressShowSubform,
     int16_t& toggleSecondIndex) {
+  secondControls.push_back(theSecondControl);
   record("widgetChangeHandler", {yesNo(isKeyField), std::to_string(Index), value,
                                  describe(theControl), describe(theSecondControl), secondaryText,
                                  yesNo(suppressShowSubform), std::to_string(toggleSecondIndex)});

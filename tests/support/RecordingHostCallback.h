@@ -23,6 +23,8 @@ class RecordingHostCallback : public HostCallback {
   // listed comes back as it is.
   std::map<std::string, std::string> titleTypes;
   std::map<std::string, std::string> captions;
+  // The second control of each widgetChangeHandler call, as given.
+  std::vector<std::shared_ptr<Object>> secondControls;
   // When set, HandleDragDrop puts this in place of the data it was given.
   std::shared_ptr<DataObject> replacementData;
 

@@ -11,6 +11,7 @@
 #include "support/TestFrame.h"
 #include "surface/ComboBox.h"
 #include "surface/ControlRegistry.h"
+#include "surface/DataObject.h"
 #include "surface/Frame.h"
 #include "surface/Label.h"
 #include "surface/OptionButton.h"
@@ -329,6 +330,16 @@ TEST(NonPeriodicalTest, TextChangesSendTheirSecondControlAndTexts) {
       EXPECT_EQ(host.take(), row.calls) << "TextBox(" << row.box << ")";
       host.box(row.box).Text("");
     }
+    // The translator's wrapper is made once: every change of the field,
+    // under any format, hands the host the same object.
+    host.callback->secondControls.clear();
+    host.box(14).Text("Lindqvist");
+    host.format(family(0));
+    host.box(14).Text("Lindqvist, Maja");
+    const auto& given = host.callback->secondControls;
+    ASSERT_EQ(given.size(), 2u);
+    EXPECT_NE(given[0], nullptr);
+    EXPECT_EQ(given[0], given[1]);
     EXPECT_EQ(host.failures(), Calls{});
   });
 }
@@ -426,6 +437,17 @@ TEST(NonPeriodicalTest, SubFramesForwardMovesAndDropsExceptTwo) {
     UserActions::moveMouseAt(form, 5, 163);  // SubworkFrame
     UserActions::moveMouseAt(form, 314, 1);  // PublicationMediumFrame
     EXPECT_EQ(host.take(), Calls{"HandleMouseMove(Nothing, False)"});
+    // Dropped on each sub-frame, data reaches the host from all but the
+    // two that have no handler, and comes back as the host left it.
+    auto data = std::make_shared<DataObject>();
+    auto replacement = std::make_shared<DataObject>();
+    host.callback->replacementData = replacement;
+    for (const char* frame : kFrames) {
+      const bool forwards = std::string_view(frame) != "SubworkFrame" &&
+                            std::string_view(frame) != "PublicationMediumFrame";
+      EXPECT_EQ(UserActions::drop(host.at(frame), data), forwards ? replacement : data) << frame;
+      EXPECT_EQ(host.take().size(), forwards ? 1u : 0u) << frame;
+    }
   });
 }
 
