@@ -24,7 +24,37 @@ std::vector<UserControl*> holders(Widget* widget) {
   return chain;
 }
 
+// Appends the widgets of `control` that Tab visits, in tab order. Equal
+// TabIndex values keep the order of the form.
+void appendTabOrder(const UserControl& control, std::vector<std::shared_ptr<Widget>>& order) {
+  std::vector<std::shared_ptr<Widget>> own(control.Controls().begin(), control.Controls().end());
+  std::stable_sort(own.begin(), own.end(),
+                   [](const auto& a, const auto& b) { return a->TabIndex() < b->TabIndex(); });
+  for (const auto& widget : own) {
+    if (!widget->takesFocus() || !widget->isShowing() || !widget->isEnabledInTree())
+      continue;
+    if (auto* nested = dynamic_cast<const UserControl*>(widget.get())) {
+      appendTabOrder(*nested, order);
+      continue;
+    }
+    order.push_back(widget);
+  }
+}
+
 }  // namespace
+
+std::shared_ptr<Widget> Focus::nextInTabOrder(const UserControl& root, bool backwards) {
+  std::vector<std::shared_ptr<Widget>> order;
+  appendTabOrder(root, order);
+  if (order.empty())
+    return nullptr;
+  if (backwards)
+    std::reverse(order.begin(), order.end());
+  const auto at = std::find(order.begin(), order.end(), current());
+  if (at == order.end() || at + 1 == order.end())
+    return order.front();
+  return *(at + 1);
+}
 
 std::weak_ptr<Widget>& Focus::focused() {
   thread_local std::weak_ptr<Widget> widget;

@@ -25,6 +25,13 @@ class Focus {
   // Drops the focus without events when the focused widget, or a user
   // control holding it, is taken off its form.
   static void forget(const Widget& removed);
+  // Where Tab moves the focus on `root`: the widgets that can take it
+  // (shown, enabled, not a label or frame) ordered by TabIndex within each
+  // user control, a nested user control standing in its parent's order
+  // for its own widgets. The one after the focused widget, or the first
+  // when the focus is not on `root`; the order wraps round. Nothing when
+  // no widget can take the focus.
+  static std::shared_ptr<Widget> nextInTabOrder(const UserControl& root, bool backwards);
   // True when `widget` is `control` or stands on it, at any depth.
   static bool isWithin(const Widget& widget, const UserControl& control);
 

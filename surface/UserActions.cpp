@@ -21,6 +21,16 @@ void UserActions::clear(TextBox& box) {
   box.Text("");
 }
 
+void UserActions::edit(TextBox& box, std::string_view text) {
+  box.SetFocus();
+  box.Text(text);
+}
+
+void UserActions::edit(ComboBox& combo, std::string_view text) {
+  combo.SetFocus();
+  combo.Text(text);
+}
+
 void UserActions::selectItem(ComboBox& combo, int16_t index) {
   combo.SetFocus();
   combo.ListIndex(index);
@@ -52,6 +62,11 @@ void UserActions::focus(Widget& widget) {
 
 void UserActions::focusAway() {
   Focus::leave();
+}
+
+void UserActions::pressTab(UserControl& root, bool backwards) {
+  if (auto next = Focus::nextInTabOrder(root, backwards))
+    next->SetFocus();
 }
 
 void UserActions::moveMouseOver(Widget& widget) {

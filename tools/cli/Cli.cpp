@@ -7,6 +7,9 @@
 #include <ostream>
 
 #include "cli/Demo.h"
+#ifdef KELMORA_WITH_GUI
+#include "gui/Gui.h"
+#endif
 #include "host/BadInput.h"
 #include "host/FieldValues.h"
 #include "host/JsonLinesSink.h"
@@ -148,6 +151,20 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
   playCommand->add_option("--pictures", pictures, "Directory the steps' \"svg\" paths are under")
       ->capture_default_str();
 
+#ifdef KELMORA_WITH_GUI
+  Gui::Options guiOptions;
+  auto* guiCommand = app.add_subcommand("gui",
+                                        "Show the form in a window with a host panel and "
+                                        "a live log of the calls");
+  guiCommand->add_option("--scenario", guiOptions.scenario, "Play this scenario into the window");
+  guiCommand
+      ->add_option("--pictures", guiOptions.pictures,
+                   "Directory the scenario's \"svg\" paths are under")
+      ->capture_default_str();
+  guiCommand->add_option("--screenshot", guiOptions.screenshot,
+                         "Save a PNG of the window and end (no display needed)");
+#endif
+
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
     app.parse(reversed);
@@ -165,6 +182,10 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
       return render(options, err);
     if (playCommand->parsed())
       return play(scenarioPath, pictures, out);
+#ifdef KELMORA_WITH_GUI
+    if (guiCommand->parsed())
+      return Gui::run(guiOptions, out, err);
+#endif
     return Demo::run(demoPictures, out);
   } catch (const BadInput& error) {
     err << "kelmora: " << error.what() << '\n';

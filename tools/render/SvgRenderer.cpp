@@ -54,26 +54,10 @@ std::string escape(const std::string& text) {
   return out;
 }
 
-// System colours as a classic desktop paints them; anything else is the
-// toolkit's 0x00BBGGRR.
 std::string colour(Color value) {
-  switch (value) {
-    case kColorWindowBackground:
-      return "#ffffff";
-    case kColorWindowText:
-      return "#000000";
-    case kColorInactiveBorder:
-      return "#d4d0c8";
-    case kColorButtonFace:
-      return kFace;
-    default:
-      break;
-  }
-  if ((value & 0x80000000u) != 0)
-    return "#c0c0c0";
+  const uint32_t rgb = screenRgb(value);
   char text[8];
-  std::snprintf(text, sizeof text, "#%02x%02x%02x", value & 0xffu, (value >> 8) & 0xffu,
-                (value >> 16) & 0xffu);
+  std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(rgb));
   return text;
 }
 
