@@ -451,10 +451,18 @@ void FormView::connectComboEdits(QWidget* view) {
 
 void FormView::syncFocus() {
   auto focused = Focus::current();
-  if (!focused)
+  QWidget* view = focused ? counterpart(*focused) : nullptr;
+  if (view == nullptr || view == this) {
+    // The focus is on none of the form's widgets: none of their
+    // counterparts keeps Qt's.
+    QWidget* held = QApplication::focusWidget();
+    if (held != nullptr && held != this && holds(held)) {
+      Syncing syncing(mSyncing);
+      held->clearFocus();
+    }
     return;
-  QWidget* view = counterpart(*focused);
-  if (view == nullptr || view == this || view->hasFocus())
+  }
+  if (view->hasFocus())
     return;
   Syncing syncing(mSyncing);
   view->setFocus(Qt::OtherFocusReason);
@@ -536,6 +544,11 @@ void FormView::mouseMoveAt(const QWidget* view, QPointF at) {
 }
 
 bool FormView::focusNextPrevChild(bool next) {
+  // Qt moves the focus on by itself when the library hides or disables the
+  // focused widget; the toolkit leaves its focus where it was, and so does
+  // the window.
+  if (mSyncing)
+    return true;
   auto control = root();
   if (!control)
     return false;

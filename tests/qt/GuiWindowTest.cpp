@@ -7,12 +7,15 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 
+#include "QtForm.h"
 #include "gui/LogSink.h"
 #include "host/ToolHost.h"
 #include "qt/FormView.h"
 #include "scenario/WidgetLocator.h"
+#include "surface/Label.h"
 #include "surface/TextBox.h"
 #include "surface/UserControl.h"
 
@@ -92,6 +95,31 @@ TEST(GuiWindowTest, ThePanelCallsTheLibraryAsAHostAndTheLogShowsBothWays) {
 
   QTest::mouseClick(&gui.panel<QPushButton>("reset"), Qt::LeftButton);
   EXPECT_TRUE(has(gui.logText(), "-> Reset(0")) << gui.logText();
+  EXPECT_FALSE(has(gui.logText(), "!!")) << gui.logText();
+}
+
+// What an author sees of each widget: whether it shows, whether it takes
+// input, and a label's caption.
+std::vector<std::string> seen(const UserControl& frame) {
+  std::vector<std::string> rows;
+  for (const auto& widget : frame.Controls())
+    rows.push_back(widget->Name() + (widget->Visible() ? " shown" : " hidden") +
+                   (widget->Enabled() ? "" : " disabled") +
+                   (dynamic_cast<const Label*>(widget.get()) ? " " + widget->caption() : ""));
+  return rows;
+}
+
+TEST(GuiWindowTest, AnotherFamilyOnThePanelSetsTheFrameUpAsAFreshHostWould) {
+  Window gui;
+  gui.panel<QCheckBox>("showAll").click();
+  const auto family0 = seen(*gui.shownFrame());
+  gui.panel<QSpinBox>("family").setValue(2);
+  EXPECT_TRUE(has(gui.logText(), "-> ChangeFormatType(1)")) << gui.logText();
+
+  QtForm fresh(1, 2, false);
+  const auto family2 = seen(*WidgetLocator::frame(fresh.host.container(), -1));
+  EXPECT_NE(family0, family2);
+  EXPECT_EQ(seen(*gui.shownFrame()), family2);
   EXPECT_FALSE(has(gui.logText(), "!!")) << gui.logText();
 }
 

@@ -16,11 +16,13 @@
 #include "host/EmbeddedFiles.h"
 #include "host/EventSink.h"
 #include "host/FieldValues.h"
+#include "host/Loading.h"
 #include "host/SettingsFile.h"
 #include "host/TextDataObject.h"
 #include "host/ToolCallback.h"
 #include "host/ToolHost.h"
 #include "hosting/FrameContainer.h"
+#include "hosting/Main2.h"
 #include "platform/RuntimeError.h"
 #include "qt/FormView.h"
 
@@ -142,6 +144,9 @@ void GuiWindow::call(const char* name, Json args, Call&& body) {
     mLog.emit({{"failedCall", {{"number", error.Number()}, {"description", error.Description()}}}});
   } catch (const BadInput& error) {
     note(std::string("  !! ") + error.what());
+  } catch (const std::exception& error) {
+    // Nothing may leave a Qt slot; the log says what went wrong.
+    note(std::string("  !! ") + name + " failed: " + error.what());
   }
 }
 
@@ -153,6 +158,10 @@ void GuiWindow::showChosenFrame() {
   mExample->setEnabled(!exampleValues(kTypes[mType->currentIndex()]).is_null());
   const int16_t option = type == kNonPeriodical ? static_cast<int16_t>(mOption->currentIndex()) : 0;
   FrameContainer& container = mHost.container();
+  const auto applied = mFamilyOf.find(type);
+  if (applied != mFamilyOf.end() && applied->second != family)
+    call("ChangeFormatType", {type}, [&] { mHost.main().ChangeFormatType(type); });
+  mFamilyOf[type] = family;
   call("SetVisibleFrame", {type}, [&] { container.SetVisibleFrame(type); });
   call("ToggleFormatDependentWidgets", {type, family},
        [&] { container.ToggleFormatDependentWidgets(type, SettingsFile::family(family)); });
@@ -166,13 +175,7 @@ void GuiWindow::loadExample() {
     return;
   call("SynchronizeFieldsWithModel", {type.whichType, values}, [&] {
     auto record = FieldValues::record(mHost.main(), type.whichType, values, type.example);
-    // The host loads the reference itself and leaves what loading changes
-    // unanswered.
-    struct Loading {
-      ToolCallback& callback;
-      explicit Loading(ToolCallback& host) : callback(host) { callback.loading(true); }
-      ~Loading() { callback.loading(false); }
-    } loading(mHost.callback());
+    Loading loading(mHost.callback());
     mHost.container().SynchronizeFieldsWithModel(type.whichType, record);
   });
 }
@@ -180,7 +183,10 @@ void GuiWindow::loadExample() {
 void GuiWindow::reset() {
   const int16_t type = chosenType();
   const bool showAll = mShowAll->isChecked();
-  call("Reset", {type, showAll}, [&] { mHost.container().Reset(type, showAll); });
+  call("Reset", {type, showAll}, [&] {
+    Loading loading(mHost.callback());
+    mHost.container().Reset(type, showAll);
+  });
 }
 
 }  // namespace kelmora::tools

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 
 #include "host/Json.h"
@@ -56,6 +57,9 @@ class GuiWindow : public QWidget {
   QComboBox* mOption = nullptr;
   QPushButton* mExample = nullptr;
   QPlainTextEdit* mLogView = nullptr;
+  // The format family each reference type's rules were last set up for: a
+  // type shown again under another family is told the format changed.
+  std::map<int16_t, int32_t> mFamilyOf;
 };
 
 }  // namespace kelmora::tools

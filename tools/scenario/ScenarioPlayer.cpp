@@ -6,6 +6,7 @@
 #include "host/BadInput.h"
 #include "host/EventSink.h"
 #include "host/FieldValues.h"
+#include "host/Loading.h"
 #include "host/SettingsFile.h"
 #include "host/TextDataObject.h"
 #include "host/ToolCallback.h"
@@ -67,17 +68,6 @@ std::string describe(const std::shared_ptr<Widget>& widget) {
   return text;
 }
 
-// The host loads a reference itself for the length of one call.
-class Loading {
- public:
-  explicit Loading(ToolCallback& callback) : mCallback(callback) { mCallback.loading(true); }
-  ~Loading() { mCallback.loading(false); }
-  Loading(const Loading&) = delete;
-  Loading& operator=(const Loading&) = delete;
-
- private:
-  ToolCallback& mCallback;
-};
 
 }  // namespace
 
