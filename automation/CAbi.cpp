@@ -51,6 +51,9 @@ int32_t guarded(kelmora_error* error, Body&& body) {
     // Nothing but RuntimeError is meant to leave the library; should
     // anything else, the host still hears of it.
     return fail(error, kelmora::kInvalidProcedureCall, failure.what());
+  } catch (...) {
+    // No C++ exception may cross into a C host, whatever threw it.
+    return fail(error, kelmora::kInvalidProcedureCall, "A failure of no known kind");
   }
 }
 
@@ -104,6 +107,8 @@ int32_t DllGetClassObject(const kelmora_guid* clsid, const kelmora_guid* iid,
     return KELMORA_S_OK;
   } catch (const std::bad_alloc&) {
     return static_cast<int32_t>(0x8007000E);  // out of memory
+  } catch (...) {
+    return static_cast<int32_t>(0x8000FFFF);  // unexpected failure
   }
 }
 

@@ -14,6 +14,7 @@
 #include "hosting/FrameContainer.h"
 #include "hosting/Main2.h"
 #include "model/Model.h"
+#include "platform/Dictionary.h"
 #include "surface/ControlCollection.h"
 #include "surface/ControlWrapper.h"
 
@@ -58,6 +59,8 @@ std::vector<Binding> bindingsOf(const Object& object) {
     return {{&ToolkitDispatch::collectionInterface(), ToolkitDispatch::invoke}};
   if (dynamic_cast<const ControlWrapper*>(&object))
     return {{&ToolkitDispatch::wrapperInterface(), ToolkitDispatch::invoke}};
+  if (dynamic_cast<const Dictionary*>(&object))
+    return {{&ToolkitDispatch::dictionaryInterface(), ToolkitDispatch::invoke}};
   return {};
 }
 
@@ -138,6 +141,12 @@ Variant Dispatcher::prepared(const TypeLibrary::Argument& declared,
   if (!given.has_value())
     return defaultOf(declared.fallback);
   const Variant& value = *given;
+  // An object, or nothing, where a number, a truth value or a text is
+  // declared does not fit, whatever its default member would give.
+  const bool scalar = declared.type == Type::Integer || declared.type == Type::Long ||
+                      declared.type == Type::Boolean || declared.type == Type::String;
+  if (scalar && value.isObject())
+    throw RuntimeError(kTypeMismatch);
   switch (declared.type) {
     case Type::Integer:
       return Variant(value.toInteger());
@@ -146,8 +155,6 @@ Variant Dispatcher::prepared(const TypeLibrary::Argument& declared,
     case Type::Boolean:
       return Variant(value.toBoolean());
     case Type::String:
-      if (value.isObject())
-        throw RuntimeError(kTypeMismatch);
       return Variant(value.toString());
     case Type::Object:
     case Type::DataObject:

@@ -25,16 +25,23 @@ class ForeignAdapter {
   ~ForeignAdapter() = default;
 
   Variant method(const std::string& name, std::vector<Variant>& arguments) const {
-    return mForeign->call(name, TypeLibrary::kMethod, arguments);
+    return call(name, TypeLibrary::kMethod, arguments);
   }
   Variant method(const std::string& name, std::vector<Variant>&& arguments = {}) const {
-    return mForeign->call(name, TypeLibrary::kMethod, arguments);
+    return call(name, TypeLibrary::kMethod, arguments);
   }
   Variant get(const std::string& name, std::vector<Variant>&& arguments = {}) const {
-    return mForeign->call(name, TypeLibrary::kPropertyGet, arguments);
+    return call(name, TypeLibrary::kPropertyGet, arguments);
   }
 
  private:
+  Variant call(const std::string& name, int32_t kind, std::vector<Variant>& arguments) const {
+    // The host may let go of this adapter from inside its own member (a
+    // callback that closes the form); its object lives until it returns.
+    const std::shared_ptr<ForeignObject> keep = mForeign;
+    return keep->call(name, kind, arguments);
+  }
+
   std::shared_ptr<ForeignObject> mForeign;
 };
 

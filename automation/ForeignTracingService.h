@@ -15,12 +15,8 @@ class ForeignTracingService : public TracingService, public ForeignAdapter {
     method("vbwProcIn", {qualifiedName, parameterText});
   }
   void vbwProcOut() override { method("vbwProcOut"); }
-  std::string vbwReportParameter(const std::string& name, const Variant& value) override {
-    return method("vbwReportParameter", {name, value}).toString();
-  }
-  void vbwReportVariable(const std::string& name, const Variant& value, int32_t flag) override {
-    method("vbwReportVariable", {name, value, flag});
-  }
+  std::string vbwReportParameter(const std::string& name, const Variant& value) override;
+  void vbwReportVariable(const std::string& name, const Variant& value, int32_t flag) override;
   void vbwReportObject(const std::string& name, const std::shared_ptr<Object>& object,
                        int32_t flag) override;
   void vbwReportToFile(const std::string& text) override { method("vbwReportToFile", {text}); }

@@ -17,7 +17,7 @@ struct Guid {
   std::array<uint8_t, 8> Data4{};
 
   static constexpr Guid parse(std::string_view text) {
-    // A malformed literal stops the compilation where the table is built.
+    // Where a constant is wanted, a malformed literal stops the compilation.
     if (text.size() != 38 || text[0] != '{' || text[37] != '}' || text[9] != '-' ||
         text[14] != '-' || text[19] != '-' || text[24] != '-')
       throw "malformed identifier";

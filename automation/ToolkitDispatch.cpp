@@ -3,6 +3,8 @@
 #include <string_view>
 
 #include "automation/Dispatcher.h"
+#include "automation/VariantArray.h"
+#include "platform/Dictionary.h"
 #include "platform/RuntimeError.h"
 #include "surface/ControlCollection.h"
 #include "surface/ControlWrapper.h"
@@ -46,11 +48,23 @@ const Member kWrapperMembers[] = {
     {0x0, "Object", kGet, {}, Type::Object},
 };
 static_assert(std::size(kWrapperMembers) == 1);
+
+// What a host reads of a model's key map: the field of a key, whether a key
+// is there, how many there are, and all of them in their order.
+const Member kDictionaryMembers[] = {
+    {0x0, "Item", kGet, {{{"key", Type::String}}}, Type::Variant},
+    {0x1, "Count", kGet, {}, Type::Long},
+    {0x2, "Exists", kMethod, {{{"key", Type::String}}}, Type::Boolean},
+    {0x3, "Keys", kMethod, {}, Type::StringArray},
+    {0x4, "Items", kMethod, {}, Type::Variant},
+};
+static_assert(std::size(kDictionaryMembers) == 5);
 // clang-format on
 
 const TypeLibrary::Interface kWidget{"Widget", {}, kWidgetMembers};
 const TypeLibrary::Interface kCollection{"Controls", {}, kCollectionMembers};
 const TypeLibrary::Interface kWrapper{"ControlWrapper", {}, kWrapperMembers};
+const TypeLibrary::Interface kDictionary{"Dictionary", {}, kDictionaryMembers};
 
 Variant widgetMember(Widget& widget, const Member& member, std::vector<Variant>& arguments) {
   const bool put = member.kind == kPut;
@@ -106,6 +120,32 @@ Variant collectionMember(ControlCollection& controls, const Member& member,
   return Variant(std::shared_ptr<Object>(controls.Item(which.toLong())));
 }
 
+Variant dictionaryMember(Dictionary& map, const Member& member, std::vector<Variant>& arguments) {
+  switch (member.dispid) {
+    case 0x0: {
+      // Reading a missing key does not add it, as a host reading the map
+      // would not expect its read to change the model.
+      const std::string key = arguments[0].toString();
+      if (!map.Exists(key))
+        throw RuntimeError(kInvalidProcedureCall);
+      return map.Item(key);
+    }
+    case 0x1:
+      return Variant(map.Count());
+    case 0x2:
+      return Variant(map.Exists(arguments[0].toString()));
+    case 0x3: {
+      std::vector<Variant> keys;
+      for (auto& key : map.Keys()) keys.emplace_back(std::move(key));
+      return Variant(std::shared_ptr<Object>(std::make_shared<VariantArray>(std::move(keys))));
+    }
+    case 0x4:
+      return Variant(std::shared_ptr<Object>(std::make_shared<VariantArray>(map.Items())));
+    default:
+      throw RuntimeError(kMemberNotSupported);
+  }
+}
+
 }  // namespace
 
 const TypeLibrary::Interface& ToolkitDispatch::widgetInterface() {
@@ -120,6 +160,10 @@ const TypeLibrary::Interface& ToolkitDispatch::wrapperInterface() {
   return kWrapper;
 }
 
+const TypeLibrary::Interface& ToolkitDispatch::dictionaryInterface() {
+  return kDictionary;
+}
+
 Variant ToolkitDispatch::invoke(Object& target, const TypeLibrary::Member& member,
                                 std::vector<Variant>& arguments) {
   if (auto* widget = dynamic_cast<Widget*>(&target))
@@ -128,6 +172,8 @@ Variant ToolkitDispatch::invoke(Object& target, const TypeLibrary::Member& membe
     return collectionMember(*controls, member, arguments);
   if (auto* wrapper = dynamic_cast<ControlWrapper*>(&target))
     return Variant(wrapper->Object());
+  if (auto* map = dynamic_cast<Dictionary*>(&target))
+    return dictionaryMember(*map, member, arguments);
   throw RuntimeError(kMemberNotSupported);
 }
 

@@ -10,7 +10,8 @@ namespace kelmora {
 
 // The toolkit's own members that a host needs to drive a form: a
 // widget's Name, Index, Visible, Enabled, Text, Caption, Tag and SetFocus,
-// a widget collection's Item and Count, a control wrapper's Object. They
+// a widget collection's Item and Count, a control wrapper's Object, and
+// the reading members of a dictionary (a model's key map). They
 // come before a control's own interface and are no part of the type
 // library.
 class ToolkitDispatch {
@@ -21,6 +22,7 @@ class ToolkitDispatch {
   static const TypeLibrary::Interface& widgetInterface();
   static const TypeLibrary::Interface& collectionInterface();
   static const TypeLibrary::Interface& wrapperInterface();
+  static const TypeLibrary::Interface& dictionaryInterface();
 };
 
 }  // namespace kelmora

@@ -14,7 +14,9 @@ constexpr auto kMethod = TypeLibrary::kMethod;
 constexpr auto kGet = TypeLibrary::kPropertyGet;
 constexpr auto kPut = TypeLibrary::kPropertyPut;
 
-constexpr Guid id(std::string_view text) {
+// Read at compile time only, so that a malformed literal in a table stops
+// the build rather than the host's process.
+consteval Guid id(std::string_view text) {
   return Guid::parse(text);
 }
 
@@ -169,7 +171,7 @@ std::string upper(std::string_view text) {
 
 }  // namespace
 
-const Guid TypeLibrary::kIdentifier = Guid::parse("{9870D87C-ADEB-431D-AD2B-74946F0C55CF}");
+const Guid TypeLibrary::kIdentifier = id("{9870D87C-ADEB-431D-AD2B-74946F0C55CF}");
 
 size_t TypeLibrary::Member::argumentCount() const {
   return static_cast<size_t>(

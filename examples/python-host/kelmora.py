@@ -347,11 +347,25 @@ class LibraryObject:
 class HostObject:
     """Base of an object that the library calls by member name.
 
-    A member is a method or attribute of the same name; a property read of
-    an attribute gives its value. A missing member fails with 438."""
+    A member is a method or attribute of the same name, whatever its letter
+    case; a property read of an attribute gives its value. A missing member
+    fails with 438."""
+
+    def _member(self, member):
+        # Late binding ignores case: "controls" finds Controls.
+        if member.startswith("_"):
+            return None
+        found = getattr(self, member, None)
+        if found is not None:
+            return found
+        wanted = member.lower()
+        for name in dir(self):
+            if name.lower() == wanted and not name.startswith("_"):
+                return getattr(self, name)
+        return None
 
     def call(self, member, kind, arguments):
-        target = getattr(self, member, None) if not member.startswith("_") else None
+        target = self._member(member)
         if target is None:
             raise KelmoraError(MEMBER_NOT_SUPPORTED,
                                "Object doesn't support this property or method")

@@ -155,6 +155,16 @@ TEST(DispatcherTest, CallsThatDoNotFitTheirRowFailWithTheRunTimesNumbers) {
          TypeLibrary::kMethod,
          {Variant("one")},
          kTypeMismatch},
+        {"nothing for an integer",
+         "SetVisibleFrame",
+         TypeLibrary::kMethod,
+         {Variant(std::shared_ptr<Object>{})},
+         kTypeMismatch},
+        {"a control for a truth value",
+         "HandleUnsupportedReferenceType",
+         TypeLibrary::kMethod,
+         {Variant(int16_t{1}), Variant(std::shared_ptr<Object>(host.container))},
+         kTypeMismatch},
         {"number for an object",
          "initialize",
          TypeLibrary::kMethod,
@@ -209,6 +219,26 @@ TEST(DispatcherTest, ModelIsAPropertyReadThatTakesTheType) {
         Dispatcher::invoke(model.toObject(), "controlIndices", TypeLibrary::kPropertyGet, none);
     EXPECT_EQ(Dispatcher::array(indices)->items.size(),
               host.main->Model(1)->controlIndices().size());
+
+    // The key map is read as the host reads it: every key leads to the
+    // model's own index, and reading a key that is not there changes nothing.
+    auto map =
+        Dispatcher::invoke(model.toObject(), "keyToInternalIndex", TypeLibrary::kPropertyGet, none)
+            .toObject();
+    const auto& own = *host.main->Model(1)->keyToInternalIndex();
+    auto keys = Dispatcher::array(Dispatcher::invoke(map, "keys", TypeLibrary::kMethod, none));
+    ASSERT_EQ(keys->items.size(), static_cast<size_t>(own.Count()));
+    for (size_t i = 0; i < keys->items.size(); ++i) {
+      Arguments key{keys->items[i]};
+      EXPECT_EQ(Dispatcher::invoke(map, 0x0, TypeLibrary::kPropertyGet, key).toLong(),
+                own.ItemAt(static_cast<int32_t>(i)).toLong());
+    }
+    Arguments missing{Variant("NoSuchKey")};
+    EXPECT_FALSE(Dispatcher::invoke(map, "Exists", TypeLibrary::kMethod, missing).toBoolean());
+    EXPECT_EQ(errorOf([&] { Dispatcher::invoke(map, "Item", TypeLibrary::kPropertyGet, missing); }),
+              kInvalidProcedureCall);
+    EXPECT_EQ(Dispatcher::invoke(map, "Count", TypeLibrary::kPropertyGet, none).toLong(),
+              own.Count());
   });
 }
 

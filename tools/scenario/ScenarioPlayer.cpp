@@ -68,7 +68,6 @@ std::string describe(const std::shared_ptr<Widget>& widget) {
   return text;
 }
 
-
 }  // namespace
 
 ScenarioPlayer::ScenarioPlayer(ToolHost& host, EventSink& sink,
