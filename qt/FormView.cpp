@@ -86,7 +86,8 @@ FormView::FormView(UserControl& root, QWidget* parent)
   mViews[&root] = this;
   mWidgets[this] = mRoot;
   root.addObserver(this);
-  syncGeometry(root);
+  // The user control as it stands, not only as it will change.
+  syncAll(root);
   reconcile(root);
   syncFocus();
   // Focus that leaves the form for the rest of the window leaves the

@@ -163,6 +163,11 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
       ->capture_default_str();
   guiCommand->add_option("--screenshot", guiOptions.screenshot,
                          "Save a PNG of the window and end (no display needed)");
+#else
+  // The command is known either way, so that its absence is explained.
+  auto* guiCommand = app.add_subcommand(
+      "gui", "Show the form in a window (not in this build: Qt 6 Widgets was not found)");
+  guiCommand->allow_extras();
 #endif
 
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
@@ -185,6 +190,11 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
 #ifdef KELMORA_WITH_GUI
     if (guiCommand->parsed())
       return Gui::run(guiOptions, out, err);
+#else
+    if (guiCommand->parsed()) {
+      err << "kelmora: this build has no window: Qt 6 Widgets was not found when it was built\n";
+      return kBadInput;
+    }
 #endif
     return Demo::run(demoPictures, out);
   } catch (const BadInput& error) {
