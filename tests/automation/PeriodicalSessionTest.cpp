@@ -10,6 +10,7 @@
 #include "support/ContainerHost.h"
 #include "support/FreshThread.h"
 #include "support/SettingsBuilder.h"
+#include "support/StoredReferences.h"
 #include "surface/TextBox.h"
 #include "surface/UserActions.h"
 
@@ -33,15 +34,7 @@ TEST(PeriodicalSessionTest, TheCppHostHearsTheListedCalls) {
                                                   .hasPeriodicalPageNumbers(true)
                                                   .accessDateFormat("d mmmm yyyy")
                                                   .build());
-    std::vector<std::string> values(26);
-    for (int i : {7, 13, 15, 16, 20}) values[i] = "False";
-    values[0] = "On tides";
-    values[1] = "Ada Lovelace";
-    values[12] = "Nature";
-    values[14] = "True";
-    values[21] = "Issue type";
-    values[23] = "Article title";
-    values[24] = "Refers to";
+    auto values = testing::storedJournal();
     container.SynchronizeFieldsWithModel(1, values);
     container.UpdateFrame(-1, true);
     auto box = [&](int16_t index) {

@@ -5,6 +5,7 @@
 #include "support/ContainerHost.h"
 #include "support/FreshThread.h"
 #include "support/SettingsBuilder.h"
+#include "support/StoredReferences.h"
 #include "support/TestFrame.h"
 #include "surface/ComboBox.h"
 #include "surface/ControlRegistry.h"
@@ -66,19 +67,7 @@ SettingsBuilder family(int32_t format) {
   return SettingsBuilder().Format(format);
 }
 
-// A stored journal article with the two labels that carry the list entry.
-std::vector<std::string> storedJournal(const std::string& issueType, const std::string& refersTo) {
-  std::vector<std::string> values(26);
-  for (int i : {7, 13, 15, 16, 20}) values[i] = "False";
-  values[0] = "On tides";
-  values[1] = "Ada Lovelace";
-  values[12] = "Nature";
-  values[14] = "True";
-  values[21] = issueType;
-  values[23] = "Article title";
-  values[24] = refersTo;
-  return values;
-}
+using testing::storedJournal;
 
 // ---------------------------------------------------------------------------
 // Options and the journal list
