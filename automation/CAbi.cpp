@@ -72,12 +72,15 @@ kelmora::Guid guidOf(const kelmora_guid& c) {
   return guid;
 }
 
+// The object behind a handle, held for the call: the host may release the
+// handle from inside it.
 template <typename T>
-T& typed(kelmora_object* handle) {
-  auto* found = dynamic_cast<T*>(&objectOf(handle));
-  if (found == nullptr)
+std::shared_ptr<T> typed(kelmora_object* handle) {
+  objectOf(handle);
+  auto found = std::dynamic_pointer_cast<T>(handle->object);
+  if (!found)
     throw RuntimeError(kelmora::kTypeMismatch);
-  return *found;
+  return found;
 }
 
 }  // namespace
@@ -126,7 +129,7 @@ int32_t kelmora_create_instance(kelmora_object* factory, kelmora_object** object
     if (object == nullptr)
       throw RuntimeError(kelmora::kInvalidProcedureCall);
     *object = nullptr;
-    auto made = typed<kelmora::ClassFactory>(factory).CreateInstance();
+    auto made = typed<kelmora::ClassFactory>(factory)->CreateInstance();
     *object = kelmora_object::make(std::move(made));
   });
 }
@@ -151,21 +154,15 @@ int32_t kelmora_invoke(kelmora_object* object, int32_t dispid, int32_t kind,
     for (int32_t i = 0; i < count; ++i)
       given.push_back(kelmora::CVariants::toVariant(arguments[i]));
     const auto before = given;
-    auto answer = kelmora::Dispatcher::invoke(object->object, dispid, kind, given);
+    // Held for the call: the host may release its handle from inside it.
+    const auto target = object->object;
+    auto answer = kelmora::Dispatcher::invoke(target, dispid, kind, given);
     for (int32_t i = 0; i < count; ++i)
       kelmora::CVariants::writeBack(before[static_cast<size_t>(i)], given[static_cast<size_t>(i)],
                                     arguments[i]);
     if (result != nullptr)
       kelmora::CVariants::fromVariant(answer, *result);
   });
-}
-
-uint32_t kelmora_add_ref(kelmora_object* object) {
-  return object != nullptr ? object->addRef() : 0;
-}
-
-uint32_t kelmora_release(kelmora_object* object) {
-  return object != nullptr ? object->release() : 0;
 }
 
 kelmora_object* kelmora_host_object(const kelmora_host_vtable* vtable, void* self) {
@@ -212,117 +209,30 @@ int32_t kelmora_control_site(kelmora_object* control, const char* name, kelmora_
   return guarded(error, [&] {
     if (name == nullptr)
       throw RuntimeError(kelmora::kInvalidProcedureCall);
-    auto& placed = typed<kelmora::UserControl>(control);
-    placed.standAlone(name);
-    placed.Visible(true);
+    auto placed = typed<kelmora::UserControl>(control);
+    placed->standAlone(name);
+    placed->Visible(true);
   });
 }
 
 int32_t kelmora_control_close(kelmora_object* control, kelmora_error* error) {
-  return guarded(error, [&] { typed<kelmora::UserControl>(control).terminate(); });
+  return guarded(error, [&] { typed<kelmora::UserControl>(control)->terminate(); });
 }
 
 int32_t kelmora_user_focus(kelmora_object* widget, kelmora_error* error) {
-  return guarded(error, [&] { kelmora::UserActions::focus(typed<kelmora::Widget>(widget)); });
+  return guarded(error, [&] { kelmora::UserActions::focus(*typed<kelmora::Widget>(widget)); });
 }
 
 int32_t kelmora_user_type(kelmora_object* widget, const char* text, kelmora_error* error) {
   return guarded(error, [&] {
     if (text == nullptr)
       throw RuntimeError(kelmora::kInvalidProcedureCall);
-    kelmora::UserActions::typeInto(typed<kelmora::TextBox>(widget), text);
+    kelmora::UserActions::typeInto(*typed<kelmora::TextBox>(widget), text);
   });
 }
 
 int32_t kelmora_user_focus_away(kelmora_error* error) {
   return guarded(error, [&] { kelmora::UserActions::focusAway(); });
-}
-
-void kelmora_variant_init(kelmora_variant* variant) {
-  if (variant == nullptr)
-    return;
-  std::memset(variant, 0, sizeof *variant);
-  variant->type = KELMORA_VT_EMPTY;
-}
-
-void kelmora_variant_clear(kelmora_variant* variant) {
-  if (variant == nullptr)
-    return;
-  switch (variant->type) {
-    case KELMORA_VT_STRING:
-      std::free(variant->value.string);
-      break;
-    case KELMORA_VT_OBJECT:
-      kelmora_release(variant->value.object);
-      break;
-    case KELMORA_VT_ARRAY:
-      for (int32_t i = 0; i < variant->value.array.count; ++i)
-        kelmora_variant_clear(&variant->value.array.items[i]);
-      std::free(variant->value.array.items);
-      break;
-    default:
-      break;
-  }
-  kelmora_variant_init(variant);
-}
-
-void kelmora_variant_set_string(kelmora_variant* variant, const char* text) {
-  if (variant == nullptr)
-    return;
-  kelmora_variant_clear(variant);
-  const char* from = text != nullptr ? text : "";
-  size_t size = std::strlen(from) + 1;
-  auto* copy = static_cast<char*>(std::malloc(size));
-  if (copy == nullptr)
-    return;
-  std::memcpy(copy, from, size);
-  variant->type = KELMORA_VT_STRING;
-  variant->value.string = copy;
-}
-
-void kelmora_variant_set_array(kelmora_variant* variant, int32_t count) {
-  if (variant == nullptr)
-    return;
-  kelmora_variant_clear(variant);
-  if (count < 0)
-    return;
-  auto* items = static_cast<kelmora_variant*>(
-      std::calloc(static_cast<size_t>(count > 0 ? count : 1), sizeof(kelmora_variant)));
-  if (items == nullptr)
-    return;
-  for (int32_t i = 0; i < count; ++i) kelmora_variant_init(&items[i]);
-  variant->type = KELMORA_VT_ARRAY;
-  variant->value.array.count = count;
-  variant->value.array.items = items;
-}
-
-void kelmora_variant_set_object(kelmora_variant* variant, kelmora_object* object) {
-  if (variant == nullptr)
-    return;
-  kelmora_add_ref(object);
-  kelmora_variant_clear(variant);
-  variant->type = KELMORA_VT_OBJECT;
-  variant->value.object = object;
-}
-
-void kelmora_error_set(kelmora_error* error, int32_t number, const char* description) {
-  if (error == nullptr)
-    return;
-  kelmora_error_clear(error);
-  error->number = number;
-  const char* from = description != nullptr ? description : "";
-  size_t size = std::strlen(from) + 1;
-  error->description = static_cast<char*>(std::malloc(size));
-  if (error->description != nullptr)
-    std::memcpy(error->description, from, size);
-}
-
-void kelmora_error_clear(kelmora_error* error) {
-  if (error == nullptr)
-    return;
-  std::free(error->description);
-  error->description = nullptr;
-  error->number = 0;
 }
 
 }  // extern "C"

@@ -71,13 +71,21 @@ Variant FrameContainerDispatch::invoke(Object& target, const TypeLibrary::Member
       return {};
     case 0x6003000f:
       return Variant(std::shared_ptr<Object>(container.getControls()));
-    case 0x60030010:
-      container.widgetChangeHandler(widget(a[0]), {.theSecondControl = Dispatcher::object(a[1]),
-                                                   .suppressShowSubform = a[2].toBoolean(),
-                                                   .toggleSecondIndex = a[3].toInteger(),
-                                                   .value = a[4].toString(),
-                                                   .secondaryText = a[5].toString()});
+    case 0x60030010: {
+      WidgetChange change{.theSecondControl = Dispatcher::object(a[1]),
+                          .suppressShowSubform = a[2].toBoolean(),
+                          .toggleSecondIndex = a[3].toInteger(),
+                          .value = a[4].toString(),
+                          .secondaryText = a[5].toString()};
+      container.widgetChangeHandler(widget(a[0]), change);
+      // By reference: the caller sees what the host left in them.
+      a[1] = Variant(change.theSecondControl);
+      a[2] = Variant(change.suppressShowSubform);
+      a[3] = Variant(change.toggleSecondIndex);
+      a[4] = Variant(change.value);
+      a[5] = Variant(change.secondaryText);
       return {};
+    }
     case 0x60030011:
       return Variant(container.CaptionToTitleType(a[0].toInteger(), a[1].toString()));
     case 0x60030012:

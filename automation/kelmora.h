@@ -45,7 +45,12 @@ typedef struct kelmora_guid {
 } kelmora_guid;
 
 /* The kinds of value a variant holds, numbered as the component model
-   numbers them. KELMORA_VT_ARRAY is an array of variants. */
+   numbers them. KELMORA_VT_ARRAY is an array of variants. Arrays may hold
+   arrays down to KELMORA_MAX_ARRAY_DEPTH levels, the outermost counting as
+   one: an argument, a result or a host object's answer nested deeper fails
+   with 28, "Out of stack space". kelmora_variant_clear takes any depth. */
+#define KELMORA_MAX_ARRAY_DEPTH 64
+
 enum {
   KELMORA_VT_EMPTY = 0,
   KELMORA_VT_INTEGER = 2,
@@ -154,8 +159,10 @@ int32_t kelmora_revoke_running_object(const char* class_name, kelmora_error* err
 int32_t kelmora_control_site(kelmora_object* control, const char* name, kelmora_error* error);
 int32_t kelmora_control_close(kelmora_object* control, kelmora_error* error);
 
-/* What a user does: give a widget the focus, type into a text box
-   character by character, move the focus out of the library's forms. */
+/* What a user does: give a widget the focus, type UTF-8 text into a text
+   box character by character (each keystroke adds one whole character;
+   a byte that starts no valid UTF-8 sequence is typed alone), move the
+   focus out of the library's forms. */
 int32_t kelmora_user_focus(kelmora_object* widget, kelmora_error* error);
 int32_t kelmora_user_type(kelmora_object* widget, const char* text, kelmora_error* error);
 int32_t kelmora_user_focus_away(kelmora_error* error);

@@ -12,7 +12,9 @@ const std::string& noText() {
 
 Procedure::Procedure(const Dumpable* owner, const ProcedureName& name,
                      std::initializer_list<VarRef> parameters)
-    : mOwner(owner), mName(name) {
+    : mLifeline(owner != nullptr && !ReleasePool::busy() ? owner->lifeline() : nullptr),
+      mOwner(owner),
+      mName(name) {
   for (const auto& parameter : parameters) addVariable(parameter);
   mParameterCount = mVariableCount;
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <initializer_list>
+#include <memory>
 #include <source_location>
 #include <span>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "diagnostics/ProcedureName.h"
 #include "diagnostics/VarRef.h"
 #include "diagnostics/vbwProtector.h"
+#include "platform/ReleasePool.h"
 #include "platform/RuntimeError.h"
 
 namespace kelmora {
@@ -140,6 +142,12 @@ class Procedure {
   // with the next; throws Leave to leave the procedure.
   bool shouldRetry(const RuntimeError& error, int32_t line);
 
+  // The outermost procedure on a thread holds its object, where it is
+  // shared, and every procedure marks the library as running, so that
+  // what a host ends from inside one of its members is let go of only
+  // once the library's code is off the stack.
+  std::shared_ptr<const void> mLifeline;
+  ReleasePool::Busy mBusy;
   const Dumpable* mOwner;
   const ProcedureName& mName;
   std::array<VarRef, kMaxVariables> mVariables;

@@ -8,6 +8,8 @@
 #include "platform/ErrObject.h"
 #include "platform/OpenForms.h"
 #include "platform/Printer.h"
+#include "platform/ProcessExit.h"
+#include "platform/ReleasePool.h"
 #include "platform/RunningObjectTable.h"
 #include "platform/RuntimeError.h"
 #include "platform/Screen.h"
@@ -15,6 +17,10 @@
 namespace kelmora {
 
 namespace {
+
+// Set once this thread's owner of the tracing object has been destroyed:
+// objects that end after it, as the thread ends, find nothing to release.
+constinit thread_local bool tOwnerGone = false;
 
 std::string dumpHeader(const char* title) {
   const std::string stars(26, '*');
@@ -48,8 +54,18 @@ const std::string& vbwProtector::globalHeader() {
 }
 
 std::shared_ptr<TracingService>& vbwProtector::tracingOwner() {
-  thread_local std::shared_ptr<TracingService> owner;
-  return owner;
+  // A thread's end releases the host's service; the end of the process
+  // keeps it instead, since the host may be gone by then.
+  struct Owner {
+    std::shared_ptr<TracingService> service;
+    ~Owner() {
+      tOwnerGone = true;
+      if (service && ProcessExit::threadEndsWithProcess())
+        ProcessExit::keep(std::move(service));
+    }
+  };
+  thread_local Owner owner;
+  return owner.service;
 }
 
 TracingService& vbwProtector::lookUpTracingObject() {
@@ -128,7 +144,17 @@ void vbwProtector::vbwExitThread(bool flag) {
   } catch (const RuntimeError&) {
   }
   cached = nullptr;
-  tracingOwner().reset();
+  // The service may be the very object whose member brought us here.
+  ReleasePool::release(tracingOwner());
+}
+
+void vbwProtector::lastObjectEnded() {
+  // Nothing of the library is left on this thread to report: let go of the
+  // host's service, so that a host that released everything may unload us.
+  // Its exit member is not called; there is nobody left to end tracing for.
+  state().tracingObject = nullptr;
+  if (!tOwnerGone)
+    ReleasePool::release(tracingOwner());
 }
 
 std::string vbwProtector::parameterText(std::span<const VarRef> parameters) {

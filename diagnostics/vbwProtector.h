@@ -63,6 +63,9 @@ class vbwProtector {
   static void vbwCloseDumpFile();
   static int32_t vbwAfterDump();
   static void vbwExitThread(bool flag);
+  // The thread's last library object has gone: the cached tracing object
+  // goes too, without being told.
+  static void lastObjectEnded();
 
   // The parameter text of the prologue: "(" then each reported parameter,
   // separated by ", ", then ") "; "()" when there are none.

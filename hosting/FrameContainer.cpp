@@ -5,6 +5,7 @@
 #include "hosting/Main2.h"
 #include "platform/FirstFailure.h"
 #include "platform/Late.h"
+#include "platform/ReleasePool.h"
 #include "proxy/FrameProxy.h"
 #include "proxy/ReferenceFrame.h"
 #include "surface/ControlCollection.h"
@@ -222,6 +223,10 @@ const std::shared_ptr<FrameProxy>& FrameContainer::frameControls(int16_t whichTy
     proc.step([&] {
       checkType(whichType);
       missing = mFrames[static_cast<size_t>(whichType)] == nullptr;
+      // Taken off its form (perhaps by the host, from inside a call that
+      // is still running), the container makes no frame any more.
+      if (missing && isTerminated())
+        throw RuntimeError(kObjectNotSet);
     });
     if (missing) {
       proc.step([&] { activeXName = "Kelmora." + modelName(whichType); });
@@ -281,7 +286,7 @@ HostCallback& FrameContainer::callback() const {
   return Late::object(mCallback);
 }
 
-void FrameContainer::widgetChangeHandler(std::shared_ptr<Widget> theControl, WidgetChange change) {
+void FrameContainer::widgetChangeHandler(std::shared_ptr<Widget> theControl, WidgetChange& change) {
   Procedure proc{this,
                  procedureName<"FrameContainer.widgetChangeHandler">(),
                  {arg("theControl", theControl), arg("theSecondControl", change.theSecondControl),
@@ -492,13 +497,19 @@ void FrameContainer::Terminate() {
     if (!proxy)
       continue;
     failure.attempt([&] { proxy->classEnd(); });
-    proxy.reset();
+    ReleasePool::release(proxy);
     failure.attempt([&] { Controls().Remove(frameName(i)); });
   }
-  mCallback.reset();
-  mController.reset();
+  // Released once no code of the library runs any more: the host may be
+  // ending the control from inside a member that code called.
+  ReleasePool::release(mCallback);
+  ReleasePool::release(mController);
   failure.attempt([] { vbwProtector::vbwExitThread(false); });
   failure.raise();
+}
+
+std::shared_ptr<const void> FrameContainer::lifeline() const {
+  return weak_from_this().lock();
 }
 
 void FrameContainer::vbwDump() const {

@@ -57,7 +57,8 @@ class FrameContainer : public UserControl, public FrameParent, public Dumpable {
   std::shared_ptr<ControlCollection> getControls();
 
   // Events from the frames.
-  void widgetChangeHandler(std::shared_ptr<Widget> theControl, WidgetChange change = {}) override;
+  using FrameParent::widgetChangeHandler;
+  void widgetChangeHandler(std::shared_ptr<Widget> theControl, WidgetChange& change) override;
   std::string CaptionToTitleType(int16_t whichType, std::string text) override;
   std::string TitleTypeToCaption(int16_t whichType, std::string text) override;
   void OptionButtonChanged(int16_t Index) override;
@@ -85,6 +86,7 @@ class FrameContainer : public UserControl, public FrameParent, public Dumpable {
                    const DropArgs& args) override;
 
   void vbwDump() const override;
+  std::shared_ptr<const void> lifeline() const override;
 
  private:
   const std::shared_ptr<FrameProxy>& frameControls(int16_t whichType);

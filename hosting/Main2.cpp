@@ -91,6 +91,10 @@ std::shared_ptr<Model> Main2::Model(int16_t whichType) {
   });
 }
 
+std::shared_ptr<const void> Main2::lifeline() const {
+  return weak_from_this().lock();
+}
+
 void Main2::vbwDump() const {
   vbwProtector::dumpModule({arg("mModels", mModels)});
 }

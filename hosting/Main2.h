@@ -48,6 +48,7 @@ class Main2 : public Object, public Dumpable, public std::enable_shared_from_thi
   std::shared_ptr<kelmora::Model> Model(int16_t whichType);
 
   void vbwDump() const override;
+  std::shared_ptr<const void> lifeline() const override;
 
  private:
   std::array<std::shared_ptr<kelmora::Model>, 5> mModels;

@@ -11,6 +11,7 @@ enum ErrorNumber : int32_t {
   kOverflow = 6,
   kSubscriptOutOfRange = 9,
   kTypeMismatch = 13,
+  kOutOfStackSpace = 28,
   kObjectNotSet = 91,
   kInvalidPropertyValue = 380,
   kInvalidPropertyArrayIndex = 381,

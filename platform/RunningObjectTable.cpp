@@ -10,8 +10,11 @@ std::mutex& RunningObjectTable::mutex() {
 }
 
 std::map<std::string, std::shared_ptr<Object>>& RunningObjectTable::table() {
-  static std::map<std::string, std::shared_ptr<Object>> instance;
-  return instance;
+  // Never destroyed: an entry a host did not revoke is a host object, and
+  // releasing it while the process ends could call into a host whose run
+  // time has already shut down.
+  static auto* instance = new std::map<std::string, std::shared_ptr<Object>>;
+  return *instance;
 }
 
 void RunningObjectTable::Register(const std::string& className, std::shared_ptr<Object> object) {

@@ -18,6 +18,8 @@ std::string RuntimeError::standardDescription(int32_t number) {
       return "Subscript out of range";
     case kTypeMismatch:
       return "Type mismatch";
+    case kOutOfStackSpace:
+      return "Out of stack space";
     case kObjectNotSet:
       return "Object variable or With block variable not set";
     case kInvalidPropertyValue:

@@ -55,8 +55,10 @@ double roundHalfEven(double value) {
 template <typename Int>
 Int narrow(double value) {
   double rounded = roundHalfEven(value);
-  if (rounded < static_cast<double>(std::numeric_limits<Int>::min()) ||
-      rounded > static_cast<double>(std::numeric_limits<Int>::max())) {
+  // Written so that a NaN, which fails every comparison, fails the range
+  // test too, as an infinity does.
+  if (!(rounded >= static_cast<double>(std::numeric_limits<Int>::min()) &&
+        rounded <= static_cast<double>(std::numeric_limits<Int>::max()))) {
     throw RuntimeError(kOverflow);
   }
   return static_cast<Int>(rounded);

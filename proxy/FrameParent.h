@@ -38,8 +38,13 @@ class FrameParent {
   // nothing fails with 91, on a control that is no container with 438.
   static FrameParent& of(const Widget& frame);
 
-  virtual void widgetChangeHandler(std::shared_ptr<Widget> theControl,
-                                   WidgetChange change = {}) = 0;
+  // The optional arguments go by reference: after the call `change` holds
+  // what the host left in them, such as another second control.
+  virtual void widgetChangeHandler(std::shared_ptr<Widget> theControl, WidgetChange& change) = 0;
+  // For a change whose arguments the frame does not read back.
+  void widgetChangeHandler(std::shared_ptr<Widget> theControl, WidgetChange&& change = {}) {
+    widgetChangeHandler(std::move(theControl), change);
+  }
   virtual std::string CaptionToTitleType(int16_t whichType, std::string text) = 0;
   virtual std::string TitleTypeToCaption(int16_t whichType, std::string text) = 0;
   virtual void OptionButtonChanged(int16_t Index) = 0;

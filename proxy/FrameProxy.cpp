@@ -7,6 +7,7 @@
 #include "model/Model.h"
 #include "platform/Arrays.h"
 #include "platform/Late.h"
+#include "platform/ReleasePool.h"
 #include "proxy/ReferenceFrame.h"
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
@@ -92,15 +93,15 @@ void FrameProxy::classEnd() {
     return;
   // The frame's Terminate first, while its widgets still stand.
   frameOperations().Terminate();
-  mFrame.reset();
+  // The host may end the control from inside a call of this proxy's: what
+  // that call still uses is let go of once it has returned.
+  ReleasePool::release(mFrame);
   mFrameOperations = nullptr;
   mControls.clear();
-  if (mKeyToInternalIndex)
-    mKeyToInternalIndex.reset();
-  if (mKeyToOverallIndex)
-    mKeyToOverallIndex.reset();
-  mDependentWidgetToggler.reset();
-  mAuthor.reset();
+  ReleasePool::release(mKeyToInternalIndex);
+  ReleasePool::release(mKeyToOverallIndex);
+  ReleasePool::release(mDependentWidgetToggler);
+  ReleasePool::release(mAuthor);
 }
 
 FrameProxy::~FrameProxy() {

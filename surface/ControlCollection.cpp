@@ -1,5 +1,7 @@
 #include "surface/ControlCollection.h"
 
+#include "platform/ReleasePool.h"
+
 #include <algorithm>
 
 #include "platform/OpenForms.h"
@@ -158,6 +160,8 @@ void ControlCollection::Remove(const std::string& name) {
     OpenForms::Remove(widget.get());
   }
   mOwner->notify(WidgetProperty::Controls);
+  // A removed control's code may still be running further up the stack.
+  for (auto& widget : leaving) ReleasePool::release(widget);
 }
 
 void ControlCollection::detachAll() {

@@ -1,5 +1,7 @@
 #include "surface/HeadlessHostForm.h"
 
+#include "platform/ReleasePool.h"
+
 #include "platform/FirstFailure.h"
 #include "platform/RuntimeError.h"
 #include "surface/ControlRegistry.h"
@@ -69,6 +71,18 @@ const std::vector<std::shared_ptr<UserControl>>& HeadlessHostForm::placed() cons
   return mPlaced->controls;
 }
 
+void HeadlessHostForm::endAndRelease(std::shared_ptr<UserControl>& control) {
+  // The host may be taking the control off from inside a member the
+  // control's own code called: that code must outlive the removal.
+  try {
+    control->terminate();
+  } catch (const RuntimeError&) {
+    ReleasePool::release(control);
+    throw;
+  }
+  ReleasePool::release(control);
+}
+
 void HeadlessHostForm::remove(const std::string& name) {
   auto& controls = mPlaced->controls;
   for (auto it = controls.begin(); it != controls.end(); ++it) {
@@ -76,7 +90,7 @@ void HeadlessHostForm::remove(const std::string& name) {
       continue;
     auto control = *it;
     controls.erase(it);
-    control->terminate();
+    endAndRelease(control);
     return;
   }
   throw RuntimeError(kInvalidProcedureCall);
@@ -87,7 +101,7 @@ void HeadlessHostForm::unload() {
   while (!mPlaced->controls.empty()) {
     auto control = mPlaced->controls.back();
     mPlaced->controls.pop_back();
-    failure.attempt([&] { control->terminate(); });
+    failure.attempt([&] { endAndRelease(control); });
   }
   failure.raise();
 }

@@ -32,6 +32,8 @@ class HeadlessHostForm : public HostForm {
   struct Placed;
 
  private:
+  static void endAndRelease(std::shared_ptr<UserControl>& control);
+
   std::shared_ptr<Placed> mPlaced;
 };
 

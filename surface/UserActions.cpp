@@ -11,9 +11,37 @@
 
 namespace kelmora {
 
+namespace {
+
+// The bytes of the character that starts `text`: a whole UTF-8 sequence,
+// or one byte where the text is no valid UTF-8 there.
+size_t characterLength(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  const size_t length = lead < 0x80           ? 1
+                        : (lead >> 5) == 0x6  ? 2
+                        : (lead >> 4) == 0xE  ? 3
+                        : (lead >> 3) == 0x1E ? 4
+                                              : 1;
+  if (length > text.size())
+    return 1;
+  for (size_t i = 1; i < length; ++i) {
+    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80)
+      return 1;
+  }
+  return length;
+}
+
+}  // namespace
+
 void UserActions::typeInto(TextBox& box, std::string_view text) {
+  // A handler may take the box off its form between two keys.
+  const auto keep = box.weak_from_this().lock();
   box.SetFocus();
-  for (char key : text) box.Text(box.Text() + key);
+  while (!text.empty()) {
+    const size_t length = characterLength(text);
+    box.Text(box.Text() + std::string(text.substr(0, length)));
+    text.remove_prefix(length);
+  }
 }
 
 void UserActions::clear(TextBox& box) {

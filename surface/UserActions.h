@@ -21,7 +21,8 @@ class Widget;
 // nothing.
 class UserActions {
  public:
-  // Types character by character: one Change per keystroke.
+  // Types character by character, a character being one whole UTF-8
+  // sequence: one Change per keystroke.
   static void typeInto(TextBox& box, std::string_view text);
   // Selects all and deletes: one Change, if there was text.
   static void clear(TextBox& box);

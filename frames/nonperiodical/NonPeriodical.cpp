@@ -9,6 +9,7 @@
 #include "frames/nonperiodical/NonPeriodicalForm.h"
 #include "platform/Arrays.h"
 #include "platform/Late.h"
+#include "platform/ReleasePool.h"
 #include "platform/Screen.h"
 #include "proxy/FrameParent.h"
 #include "surface/ComboBox.h"
@@ -118,8 +119,8 @@ void NonPeriodical::setReferenceListColumnNames(std::vector<std::string>& column
 void NonPeriodical::Terminate() {
   Procedure proc{this, procedureName<"NonPeriodical.Terminate">()};
   proc.run([&] {
-    proc.step([&] { mOnlineTemplate.reset(); });
-    proc.step([&] { mTranslatorWrapper.reset(); });
+    proc.step([&] { ReleasePool::release(mOnlineTemplate); });
+    proc.step([&] { ReleasePool::release(mTranslatorWrapper); });
   });
 }
 
@@ -398,7 +399,11 @@ void NonPeriodical::TextBox_Change(int16_t Index) {
         parent.widgetChangeHandler(textBox(Index),
                                    {.theSecondControl = CompilerOrEditorComboLabel()});
       } else if (tag == "Translator") {
-        parent.widgetChangeHandler(textBox(Index), {.theSecondControl = mTranslatorWrapper});
+        // The wrapper goes by reference: the host may hand back another
+        // object, or none, and the frame keeps what comes back.
+        WidgetChange change{.theSecondControl = mTranslatorWrapper};
+        parent.widgetChangeHandler(textBox(Index), change);
+        mTranslatorWrapper = std::move(change.theSecondControl);
       } else if (tag == "Subwork") {
         parent.widgetChangeHandler(textBox(Index), {.theSecondControl = SubworkComboLabel(),
                                                     .secondaryText = secondaryText});

@@ -143,7 +143,9 @@ class NonPeriodical : public UserControl, public ReferenceFrame, public Dumpable
   int32_t mFormat = 0;
   std::shared_ptr<OutputTemplate> mOnlineTemplate;
   bool mShowAllFields = false;
-  std::shared_ptr<TranslatorWrapper> mTranslatorWrapper;
+  // A TranslatorWrapper made here, or whatever object the host handed
+  // back in its place.
+  std::shared_ptr<Object> mTranslatorWrapper;
 
   // Kept per frame between calls of one procedure: whether the format was
   // initialised before, and the design tops that the layout takes once (the

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "diagnostics/vbwProtector.h"
+#include "model/Model.h"
 #include "proxy/FrameProxy.h"
 #include "support/ContainerHost.h"
 #include "support/ErrorOf.h"
@@ -165,6 +166,38 @@ TEST(FrameContainerTest, TerminateReleasesProxiesBeforeWidgetsThenItsReferences)
     EXPECT_TRUE(model.expired());
     EXPECT_FALSE(vbwProtector::hasTracingObject());
     EXPECT_EQ(host.bridge.service().calls.back(), "exit False");
+  });
+}
+
+// A host may take the container off its form, and let go of all it holds,
+// from inside one of its own members: the library's code still running
+// goes on over live objects, the ended container makes no frame anew, and
+// the host hears nothing more.
+TEST(FrameContainerTest, AHostMayEndTheContainerFromInsideItsOwnMember) {
+  scenario([] {
+    ContainerHost host;
+    host.container->SetVisibleFrame(0);
+    std::weak_ptr<FrameContainer> container = host.container;
+    std::weak_ptr<Main2> main = host.main;
+    bool ended = false;
+    host.callback->onChange = [&](std::shared_ptr<Object>&) {
+      if (std::exchange(ended, true))
+        return;
+      host.form->remove("Container");
+      host.container.reset();
+      host.main.reset();
+    };
+    const auto fields = host.main->Model(0)->keyToInternalIndex()->Count();
+    std::vector<std::string> values(static_cast<size_t>(fields), "x");
+    // Called as a host holding a plain pointer does: nothing here keeps the
+    // container alive once the host has let go of it.
+    FrameContainer* raw = host.container.get();
+    raw->SynchronizeFieldsWithModel(0, values);
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(host.callback->callsTo("widgetChangeHandler").size(), 1u);
+    EXPECT_TRUE(container.expired());
+    EXPECT_TRUE(main.expired());
+    EXPECT_EQ(count(TestFrame::log(), "NonPeriodicalFrame.Terminate with 43 widgets"), 2);
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <optional>
 
 #include "platform/RuntimeError.h"
@@ -43,6 +44,8 @@ TEST(VariantTest, ToInteger) {
       {Variant("12abc"), std::nullopt, kTypeMismatch},
       {Variant(int32_t{32768}), std::nullopt, kOverflow},
       {Variant("-40000"), std::nullopt, kOverflow},
+      {Variant(std::numeric_limits<float>::quiet_NaN()), std::nullopt, kOverflow},
+      {Variant(std::numeric_limits<float>::infinity()), std::nullopt, kOverflow},
       {Variant(std::shared_ptr<Object>(std::make_shared<Captioned>())), 12, 0},
       {Variant(std::shared_ptr<Object>()), std::nullopt, kObjectNotSet},
   };
@@ -53,6 +56,17 @@ TEST(VariantTest, ToInteger) {
     EXPECT_EQ(value, row.expected);
     EXPECT_EQ(error, row.error);
   }
+}
+
+// A host's answer of NaN where a 32-bit number is read fails as an
+// infinity does, rather than reaching an undefined conversion.
+TEST(VariantTest, ToLongRefusesWhatIsNoFiniteNumber) {
+  for (float value :
+       {std::numeric_limits<float>::quiet_NaN(), -std::numeric_limits<float>::quiet_NaN(),
+        std::numeric_limits<float>::infinity()}) {
+    EXPECT_EQ(outcome([&] { return Variant(value).toLong(); }).second, kOverflow) << value;
+  }
+  EXPECT_EQ(outcome([] { return Variant(3.5f).toLong(); }).first, 4);
 }
 
 TEST(VariantTest, ToBoolean) {

@@ -54,6 +54,8 @@ void RecordingHostCallback::widgetChangeHandler(
   record("widgetChangeHandler", {yesNo(isKeyField), std::to_string(Index), value,
                                  describe(theControl), describe(theSecondControl), secondaryText,
                                  yesNo(suppressShowSubform), std::to_string(toggleSecondIndex)});
+  if (onChange)
+    onChange(theSecondControl);
 }
 
 std::string RecordingHostCallback::CaptionToTitleType(int16_t& whichType, std::string& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -25,6 +26,10 @@ class RecordingHostCallback : public HostCallback {
   std::map<std::string, std::string> captions;
   // The second control of each widgetChangeHandler call, as given.
   std::vector<std::shared_ptr<Object>> secondControls;
+  // When set, runs inside widgetChangeHandler after the call is recorded,
+  // with the second control by reference: a host may replace it, or do
+  // anything else a host may do from inside its member.
+  std::function<void(std::shared_ptr<Object>& theSecondControl)> onChange;
   // When set, HandleDragDrop puts this in place of the data it was given.
   std::shared_ptr<DataObject> replacementData;
 

@@ -226,5 +226,36 @@ TEST_F(UserControlTest, ObserversSeeEachRealChangeBeforeTheEvent) {
                                               "TextBox property " + left}));
 }
 
+// Typing is by character: a key adds one whole UTF-8 sequence, never a
+// lone byte of one; bytes that are no UTF-8 go one at a time.
+TEST_F(UserControlTest, TypingAddsOneWholeCharacterPerKey) {
+  struct TextSeen : PropertyObserver {
+    std::vector<std::string> texts;
+    void propertyChanged(Widget& widget, WidgetProperty property) override {
+      if (property == WidgetProperty::Text)
+        texts.push_back(dynamic_cast<TextBox&>(widget).Text());
+    }
+  } seen;
+  struct Row {
+    std::string typed;
+    std::vector<std::string> texts;
+  };
+  const Row rows[] = {
+      {"\xC3\xA9t\xC3\xA9", {"\xC3\xA9", "\xC3\xA9t", "\xC3\xA9t\xC3\xA9"}},
+      {"\xE2\x82\xAC\xF0\x9F\x93\x9A", {"\xE2\x82\xAC", "\xE2\x82\xAC\xF0\x9F\x93\x9A"}},
+      {"\xC3(", {"\xC3", "\xC3("}},
+      {"a\xE2\x82", {"a", "a\xE2", "a\xE2\x82"}},
+  };
+  for (const auto& row : rows) {
+    auto box = text(4);
+    box->Text("");
+    box->addObserver(&seen);
+    seen.texts.clear();
+    UserActions::typeInto(*box, row.typed);
+    box->removeObserver(&seen);
+    EXPECT_EQ(seen.texts, row.texts) << ::testing::PrintToString(row.typed);
+  }
+}
+
 }  // namespace
 }  // namespace kelmora

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "diagnostics/TranslatorWrapper.h"
 #include "diagnostics/vbwProtector.h"
 
 #include "frames/periodical/Periodical.h"
@@ -340,6 +341,33 @@ TEST(NonPeriodicalTest, TextChangesSendTheirSecondControlAndTexts) {
     ASSERT_EQ(given.size(), 2u);
     EXPECT_NE(given[0], nullptr);
     EXPECT_EQ(given[0], given[1]);
+    EXPECT_EQ(host.failures(), Calls{});
+  });
+}
+
+// The wrapper goes by reference: what the host leaves in it is what the
+// frame sends next, and an emptied one is made anew.
+TEST(NonPeriodicalTest, TheTranslatorKeepsTheSecondControlTheHostHandsBack) {
+  scenario([] {
+    BookHost host(family(3));
+    host.update(0, true);
+    auto hostsOwn = std::make_shared<Object>();
+    std::vector<std::shared_ptr<Object>> answers = {hostsOwn, nullptr, nullptr};
+    host.callback->onChange = [&](std::shared_ptr<Object>& second) {
+      if (!answers.empty()) {
+        second = answers.front();
+        answers.erase(answers.begin());
+      }
+    };
+    for (const char* text : {"L", "Li", "Lin", "Lind"}) host.box(14).Text(text);
+    const auto& given = host.callback->secondControls;
+    ASSERT_EQ(given.size(), 4u);
+    EXPECT_NE(std::dynamic_pointer_cast<TranslatorWrapper>(given[0]), nullptr);
+    EXPECT_EQ(given[1], hostsOwn);
+    EXPECT_NE(std::dynamic_pointer_cast<TranslatorWrapper>(given[2]), nullptr);
+    EXPECT_NE(given[2], given[0]);
+    EXPECT_NE(std::dynamic_pointer_cast<TranslatorWrapper>(given[3]), nullptr);
+    EXPECT_NE(given[3], given[2]);
     EXPECT_EQ(host.failures(), Calls{});
   });
 }
