@@ -22,6 +22,14 @@ TEST(CliTest, EveryCommandHasHelp) {
   }
 }
 
+TEST(CliTest, WithoutACommandItShowsTheUsageAndRunsNothing) {
+  const KelmoraRun run = KelmoraRun::of({});
+  EXPECT_EQ(run.status, Cli::kBadInput);
+  EXPECT_TRUE(run.out.empty()) << run.out.substr(0, 200);
+  EXPECT_NE(run.err.find("Usage"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("demo"), std::string::npos) << run.err;
+}
+
 // Each row: what a user gets wrong, the files it needs, the command, and a
 // word the one line on standard error must contain.
 struct BadInputRow {

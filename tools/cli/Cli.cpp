@@ -116,8 +116,7 @@ int play(const std::string& path, const std::string& pictures, std::ostream& out
 }  // namespace
 
 int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
-  CLI::App app{
-      "kelmora: a host for the Kelmora reference form. Without a command it runs the demo."};
+  CLI::App app{"kelmora: a host for the Kelmora reference form."};
   app.name("kelmora");
   app.require_subcommand(0, 1);
 
@@ -196,7 +195,11 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
       return kBadInput;
     }
 #endif
-    return Demo::run(demoPictures, out);
+    if (demo->parsed())
+      return Demo::run(demoPictures, out);
+    // Nothing is done unasked: the demo writes its pictures where it runs.
+    err << app.help();
+    return kBadInput;
   } catch (const BadInput& error) {
     err << "kelmora: " << error.what() << '\n';
     return kBadInput;

@@ -6,8 +6,8 @@
 
 namespace kelmora::tools {
 
-// The `kelmora` command line: demo (also what no arguments run), render
-// and play. Exit status 0 on success, 1 when an expectation or a call
+// The `kelmora` command line: demo, render, play and gui; without a command
+// the usage. Exit status 0 on success, 1 when an expectation or a call
 // failed or a picture could not be converted, 2 for bad input with one
 // line on standard error.
 class Cli {
