@@ -30,6 +30,21 @@ TEST(CliTest, WithoutACommandItShowsTheUsageAndRunsNothing) {
   EXPECT_NE(run.err.find("demo"), std::string::npos) << run.err;
 }
 
+TEST(CliTest, RenderNamesEachFailureOfTheLibraryAndFails) {
+  ScratchDir dir;
+  const auto svg = dir.path() / "x.svg";
+  // A NonPeriodical has no option 5: the library reports the call's failure.
+  const KelmoraRun run = KelmoraRun::of(
+      {"render", "--type", "nonperiodical", "--family", "2", "--option", "5", "-o", svg.string()});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(std::filesystem::exists(svg));
+  ASSERT_FALSE(run.errLines().empty());
+  for (const auto& line : run.errLines()) {
+    EXPECT_TRUE(line.starts_with("kelmora: failure ")) << line;
+    EXPECT_NE(line.find(", statement "), std::string::npos) << line;
+  }
+}
+
 // Each row: what a user gets wrong, the files it needs, the command, and a
 // word the one line on standard error must contain.
 struct BadInputRow {

@@ -14,6 +14,7 @@
 #include "host/FieldValues.h"
 #include "host/JsonLinesSink.h"
 #include "host/JsonReader.h"
+#include "host/ReadableSink.h"
 #include "host/RecordingSink.h"
 #include "host/SettingsFile.h"
 #include "host/ToolCallback.h"
@@ -84,11 +85,16 @@ int render(const RenderOptions& options, std::ostream& err) {
     if (!out)
       throw BadInput("cannot write '" + options.output + "'");
   }
-  if (const int failures = sink.count("failure"); failures > 0)
-    err << "kelmora: the library reported " << failures
-        << " failure(s) while drawing; play the same calls as a scenario to see them\n";
+  // The picture stands, but a drawing the library failed in is no success.
+  int status = 0;
+  for (const auto& event : sink.events()) {
+    if (event.contains("failure")) {
+      err << "kelmora: " << ReadableSink::describeFailure(event["failure"]) << '\n';
+      status = 1;
+    }
+  }
   if (options.png.empty())
-    return 0;
+    return status;
   auto converter = PngConverter::find();
   if (!converter) {
     err << "kelmora: " << PngConverter::kMissingMessage << '\n';
@@ -99,7 +105,7 @@ int render(const RenderOptions& options, std::ostream& err) {
     err << "kelmora: " << problem << '\n';
     return 1;
   }
-  return 0;
+  return status;
 }
 
 int play(const std::string& path, const std::string& pictures, std::ostream& out) {
