@@ -43,6 +43,15 @@ TEST(GuiTest, AScenarioPlayedIntoTheWindowEndsInAScreenshot) {
   EXPECT_GT(picture.height(), 300);
 }
 
+TEST(GuiTest, AScreenshotThatCannotBeWrittenIsRefusedInOneLine) {
+  ScratchDir scratch;
+  const auto shot = scratch.path() / "file" / "shot.png";
+  scratch.write("file", "");
+  std::string err;
+  EXPECT_EQ(kelmora("gui --screenshot '" + shot.string() + "'", scratch, err), 2) << err;
+  EXPECT_EQ(err, "kelmora: cannot write '" + shot.string() + "'\n");
+}
+
 TEST(GuiTest, WithoutADisplayTheWindowSaysWhatItNeeds) {
   ScratchDir scratch;
   std::string err;

@@ -22,6 +22,29 @@ TEST(CliTest, EveryCommandHasHelp) {
   }
 }
 
+TEST(CliTest, WithoutACommandItShowsTheUsageAndRunsNothing) {
+  const KelmoraRun run = KelmoraRun::of({});
+  EXPECT_EQ(run.status, Cli::kBadInput);
+  EXPECT_TRUE(run.out.empty()) << run.out.substr(0, 200);
+  EXPECT_NE(run.err.find("Usage"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("demo"), std::string::npos) << run.err;
+}
+
+TEST(CliTest, RenderNamesEachFailureOfTheLibraryAndFails) {
+  ScratchDir dir;
+  const auto svg = dir.path() / "x.svg";
+  // A NonPeriodical has no option 5: the library reports the call's failure.
+  const KelmoraRun run = KelmoraRun::of(
+      {"render", "--type", "nonperiodical", "--family", "2", "--option", "5", "-o", svg.string()});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(std::filesystem::exists(svg));
+  ASSERT_FALSE(run.errLines().empty());
+  for (const auto& line : run.errLines()) {
+    EXPECT_TRUE(line.starts_with("kelmora: failure ")) << line;
+    EXPECT_NE(line.find(", statement "), std::string::npos) << line;
+  }
+}
+
 // Each row: what a user gets wrong, the files it needs, the command, and a
 // word the one line on standard error must contain.
 struct BadInputRow {
@@ -79,6 +102,11 @@ TEST(CliTest, BadInputGivesOneLineAndStatusTwo) {
        R"({"PeriodicalColour": "red"})",
        {"render", "--type", "1", "--family", "1", "--values", "@/v.json", "-o", "@/x.svg"},
        "PeriodicalColour"},
+      {"picture into a folder that is a file",
+       "file",
+       "",
+       {"render", "--type", "1", "--family", "1", "-o", "@/file/x.svg"},
+       "cannot write"},
       {"unreadable scenario", "", "", {"play", "@/none.json"}, "none.json"},
       {"scenario is a directory", "", "", {"play", "@"}, "cannot read"},
       {"malformed scenario", "p.json", "{\"steps\": [", {"play", "@/p.json"}, "not valid JSON"},

@@ -44,12 +44,5 @@ TEST(ExamplesTest, DemoRunsToItsEndWithAPicturePerStage) {
         << stage;
 }
 
-TEST(ExamplesTest, NoCommandRunsTheDemo) {
-  const KelmoraRun run = KelmoraRun::of({});
-  std::filesystem::remove_all("kelmora-demo");
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_TRUE(run.out.starts_with("Kelmora demo host")) << run.out;
-}
-
 }  // namespace
 }  // namespace kelmora::tools

@@ -2,9 +2,12 @@
 
 #include <CLI/CLI.hpp>
 
-#include <fstream>
+#include <cctype>
+#include <filesystem>
 #include <optional>
 #include <ostream>
+#include <string>
+#include <vector>
 
 #include "cli/Demo.h"
 #ifdef KELMORA_WITH_GUI
@@ -14,6 +17,8 @@
 #include "host/FieldValues.h"
 #include "host/JsonLinesSink.h"
 #include "host/JsonReader.h"
+#include "host/OutputFile.h"
+#include "host/ReadableSink.h"
 #include "host/RecordingSink.h"
 #include "host/SettingsFile.h"
 #include "host/ToolCallback.h"
@@ -54,6 +59,13 @@ int16_t referenceType(const std::string& text) {
                  "': use periodical (1), nonperiodical (0) or esource (4)");
 }
 
+// An output named *.png is written as PNG, whatever the case of its ending.
+bool namesPng(const std::filesystem::path& path) {
+  std::string extension = path.extension().string();
+  for (char& c : extension) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return extension == ".png";
+}
+
 int render(const RenderOptions& options, std::ostream& err) {
   const int16_t whichType = referenceType(options.type);
   if (options.family.has_value() == !options.settings.empty())
@@ -77,29 +89,36 @@ int render(const RenderOptions& options, std::ostream& err) {
   container.UpdateFrame(options.option, options.showAll);
 
   const std::string svg = SvgRenderer::render(container, {.outlineHidden = options.debug});
-  {
-    std::ofstream out(options.output);
-    out << svg;
-    out.close();
-    if (!out)
-      throw BadInput("cannot write '" + options.output + "'");
+  const bool svgOutput = !namesPng(options.output);
+  if (svgOutput)
+    OutputFile::write(options.output, svg);
+  std::vector<std::string> pngs;
+  if (!svgOutput)
+    pngs.push_back(options.output);
+  if (!options.png.empty())
+    pngs.push_back(options.png);
+  int status = 0;
+  if (!pngs.empty()) {
+    const auto converter = PngConverter::find();
+    if (!converter)
+      throw BadInput("cannot write '" + pngs.front() + "': " + PngConverter::kMissingMessage +
+                     (svgOutput ? "; the SVG was written" : ""));
+    const PngConverter::Drawing drawing = PngConverter::draw(*converter, svg);
+    if (drawing.problem.empty()) {
+      for (const auto& png : pngs) OutputFile::write(png, drawing.png);
+    } else {
+      err << "kelmora: " << drawing.problem << '\n';
+      status = 1;
+    }
   }
-  if (const int failures = sink.count("failure"); failures > 0)
-    err << "kelmora: the library reported " << failures
-        << " failure(s) while drawing; play the same calls as a scenario to see them\n";
-  if (options.png.empty())
-    return 0;
-  auto converter = PngConverter::find();
-  if (!converter) {
-    err << "kelmora: " << PngConverter::kMissingMessage << '\n';
-    return 1;
+  // The picture stands, but a drawing the library failed in is no success.
+  for (const auto& event : sink.events()) {
+    if (event.contains("failure")) {
+      err << "kelmora: " << ReadableSink::describeFailure(event["failure"]) << '\n';
+      status = 1;
+    }
   }
-  if (std::string problem = PngConverter::convert(*converter, options.output, options.png);
-      !problem.empty()) {
-    err << "kelmora: " << problem << '\n';
-    return 1;
-  }
-  return 0;
+  return status;
 }
 
 int play(const std::string& path, const std::string& pictures, std::ostream& out) {
@@ -116,8 +135,7 @@ int play(const std::string& path, const std::string& pictures, std::ostream& out
 }  // namespace
 
 int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
-  CLI::App app{
-      "kelmora: a host for the Kelmora reference form. Without a command it runs the demo."};
+  CLI::App app{"kelmora: a host for the Kelmora reference form."};
   app.name("kelmora");
   app.require_subcommand(0, 1);
 
@@ -127,7 +145,7 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
       ->capture_default_str();
 
   RenderOptions options;
-  auto* renderCommand = app.add_subcommand("render", "Draw one frame as an SVG (and PNG) picture");
+  auto* renderCommand = app.add_subcommand("render", "Draw one frame as an SVG or PNG picture");
   renderCommand
       ->add_option("--type", options.type,
                    "Reference type: periodical (1), nonperiodical (0) or esource (4)")
@@ -140,8 +158,12 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
   renderCommand->add_flag("--show-all", options.showAll, "Show all fields");
   renderCommand->add_option("--values", options.values,
                             "Field values file: JSON object by field key");
-  renderCommand->add_option("-o,--output", options.output, "SVG file to write")->required();
-  renderCommand->add_option("--png", options.png, "Also write this PNG (needs rsvg-convert)");
+  renderCommand
+      ->add_option("-o,--output", options.output,
+                   "File to write: a PNG if its name ends in .png (needs rsvg-convert), else SVG")
+      ->required();
+  renderCommand->add_option("--png", options.png,
+                            "Also write this PNG beside the SVG (needs rsvg-convert)");
   renderCommand->add_flag("--debug", options.debug, "Outline hidden widgets");
 
   std::string scenarioPath;
@@ -196,7 +218,11 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
       return kBadInput;
     }
 #endif
-    return Demo::run(demoPictures, out);
+    if (demo->parsed())
+      return Demo::run(demoPictures, out);
+    // Nothing is done unasked: the demo writes its pictures where it runs.
+    err << app.help();
+    return kBadInput;
   } catch (const BadInput& error) {
     err << "kelmora: " << error.what() << '\n';
     return kBadInput;

@@ -6,10 +6,12 @@
 
 namespace kelmora::tools {
 
-// The `kelmora` command line: demo (also what no arguments run), render
-// and play. Exit status 0 on success, 1 when an expectation or a call
-// failed or a picture could not be converted, 2 for bad input with one
-// line on standard error.
+// The `kelmora` command line: demo, render, play and gui; without a command
+// the usage. Exit status 0 on success; 1 when an expectation or a call
+// failed, the library reported a failure while drawing or the converter
+// failed on a picture; 2 for bad input, no command, or an output that
+// cannot be written, with one line on standard error (the usage for no
+// command).
 class Cli {
  public:
   static constexpr int kBadInput = 2;

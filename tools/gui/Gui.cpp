@@ -1,14 +1,19 @@
 #include "gui/Gui.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QByteArray>
 #include <QImage>
 #include <QPixmap>
 
+#include <cstdio>
 #include <cstdlib>
 #include <ostream>
+#include <string_view>
 
 #include "gui/GuiWindow.h"
 #include "gui/LogSink.h"
+#include "host/OutputFile.h"
 #include "host/ToolHost.h"
 #include "scenario/Scenario.h"
 #include "scenario/ScenarioPlayer.h"
@@ -26,6 +31,27 @@ bool hasDisplay() {
   return false;
 }
 
+QtMessageHandler gQtHandler = nullptr;
+
+// Qt's warnings are about its own setting up (a runtime folder, what the
+// offscreen platform cannot do), nothing the user asked for, and they would
+// stand beside the program's one line; only Qt's errors are passed on.
+void qtErrorsOnly(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  if (type != QtCriticalMsg && type != QtFatalMsg)
+    return;
+  if (gQtHandler != nullptr)
+    gQtHandler(type, context, message);
+  else
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+struct QtErrorsOnly {
+  QtErrorsOnly() { gQtHandler = qInstallMessageHandler(qtErrorsOnly); }
+  ~QtErrorsOnly() { qInstallMessageHandler(gQtHandler); }
+  QtErrorsOnly(const QtErrorsOnly&) = delete;
+  QtErrorsOnly& operator=(const QtErrorsOnly&) = delete;
+};
+
 }  // namespace
 
 int Gui::run(const Options& options, std::ostream& out, std::ostream& err) {
@@ -40,6 +66,7 @@ int Gui::run(const Options& options, std::ostream& out, std::ostream& err) {
   }
   const Scenario scenario =
       options.scenario.empty() ? Scenario{} : Scenario::load(options.scenario);
+  const QtErrorsOnly quiet;
   int argc = 1;
   char name[] = "kelmora";
   char* argv[] = {name, nullptr};
@@ -49,6 +76,7 @@ int Gui::run(const Options& options, std::ostream& out, std::ostream& err) {
   ToolHost host(log, {.failureAnswer = options.scenario.empty() ? 5 : scenario.failureAnswer,
                       .answerChanges = options.scenario.empty() || scenario.answerChanges});
   int unmet = 0;
+  QByteArray screenshot;
   {
     GuiWindow window(host, log);
     if (options.scenario.empty())
@@ -62,16 +90,23 @@ int Gui::run(const Options& options, std::ostream& out, std::ostream& err) {
     QApplication::processEvents();
     if (options.screenshot.empty()) {
       application.exec();
-    } else if (!window.grab().save(QString::fromStdString(options.screenshot), "PNG")) {
-      err << "kelmora: cannot write '" << options.screenshot << "'\n";
-      unmet = -1;
     } else {
-      out << "kelmora: wrote " << options.screenshot << '\n';
+      // Drawn into memory, so that the file is written as every other
+      // output of the program is.
+      QBuffer buffer(&screenshot);
+      buffer.open(QIODevice::WriteOnly);
+      if (!window.grab().save(&buffer, "PNG")) {
+        err << "kelmora: cannot draw the window as PNG\n";
+        return 1;
+      }
     }
   }
   host.end();
-  if (unmet < 0)
-    return 1;
+  if (!options.screenshot.empty()) {
+    OutputFile::write(options.screenshot, std::string_view(screenshot.constData(),
+                                                           static_cast<size_t>(screenshot.size())));
+    out << "kelmora: wrote " << options.screenshot << '\n';
+  }
   return unmet == 0 ? 0 : 1;
 }
 

@@ -7,23 +7,57 @@
 
 namespace kelmora::tools {
 
+namespace {
+
+// Reads a document without keeping it, only to see whether it is JSON and
+// how deep it nests.
+struct DepthCheck : nlohmann::json_sax<Json> {
+  int depth = 0;
+  bool tooDeep = false;
+
+  bool enter() {
+    tooDeep = ++depth > JsonReader::kMaxDepth;
+    return !tooDeep;
+  }
+  bool leave() {
+    --depth;
+    return true;
+  }
+
+  bool null() override { return true; }
+  bool boolean(bool) override { return true; }
+  bool number_integer(number_integer_t) override { return true; }
+  bool number_unsigned(number_unsigned_t) override { return true; }
+  bool number_float(number_float_t, const string_t&) override { return true; }
+  bool string(string_t&) override { return true; }
+  bool binary(binary_t&) override { return true; }
+  bool start_object(std::size_t) override { return enter(); }
+  bool key(string_t&) override { return true; }
+  bool end_object() override { return leave(); }
+  bool start_array(std::size_t) override { return enter(); }
+  bool end_array() override { return leave(); }
+  bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override {
+    return false;
+  }
+};
+
+}  // namespace
+
 Json JsonReader::parse(std::string_view text, const std::string& what) {
   if (text.find('\0') != std::string_view::npos)
     throw BadInput(what + " contains a NUL byte");
-  bool tooDeep = false;
-  // Deeper values are dropped while they are read, so nothing deep is ever
-  // built; the flag turns the drop into a refusal.
-  const auto limitDepth = [&tooDeep](int depth, Json::parse_event_t event, Json&) {
-    if ((event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start) &&
-        depth >= kMaxDepth) {
-      tooDeep = true;
-      return false;
-    }
-    return true;
-  };
-  Json document = Json::parse(text.begin(), text.end(), limitDepth, false);
-  if (tooDeep)
-    throw BadInput(what + " is nested more than " + std::to_string(kMaxDepth) + " levels deep");
+  // The depth is checked in a pass of its own that builds nothing and
+  // stops at the first level too deep. A parser callback could drop deep
+  // values as they are read, but the parser then searches the enclosing
+  // array for what it dropped after every object, which takes time in the
+  // square of the input's length.
+  DepthCheck check;
+  if (!Json::sax_parse(text.begin(), text.end(), &check)) {
+    if (check.tooDeep)
+      throw BadInput(what + " is nested more than " + std::to_string(kMaxDepth) + " levels deep");
+    throw BadInput(what + " is not valid JSON");
+  }
+  Json document = Json::parse(text.begin(), text.end(), nullptr, false);
   if (document.is_discarded())
     throw BadInput(what + " is not valid JSON");
   return document;

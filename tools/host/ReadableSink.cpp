@@ -19,6 +19,11 @@ std::string ReadableSink::describe(const Json& value) {
   return value.dump();
 }
 
+std::string ReadableSink::describeFailure(const Json& failure) {
+  return "failure " + failure["number"].dump() + " in " + failure["procedure"].get<std::string>() +
+         ", statement " + failure["line"].dump() + ": " + failure["description"].get<std::string>();
+}
+
 void ReadableSink::emit(const Json& event) {
   auto argumentList = [](const Json& args) {
     std::string text;
@@ -46,10 +51,7 @@ void ReadableSink::emit(const Json& event) {
   } else if (event.contains("messageBox")) {
     mOut << "  [message box] " << event["messageBox"].get<std::string>() << '\n';
   } else if (event.contains("failure")) {
-    const auto& failure = event["failure"];
-    mOut << "  !! failure " << failure["number"] << " in "
-         << failure["procedure"].get<std::string>() << ", statement " << failure["line"] << ": "
-         << failure["description"].get<std::string>() << '\n';
+    mOut << "  !! " << describeFailure(event["failure"]) << '\n';
   } else if (event.contains("result")) {
     mOut << "     " << event["result"].get<std::string>() << " gave " << describe(event["value"])
          << '\n';

@@ -18,6 +18,9 @@ class ReadableSink : public EventSink {
   // A JSON value as it reads in a call: texts quoted, booleans as the
   // library spells them, nothing as Nothing.
   static std::string describe(const Json& value);
+  // A failure report in one line: its number, where it happened and its
+  // description.
+  static std::string describeFailure(const Json& failure);
 
  private:
   std::ostream& mOut;

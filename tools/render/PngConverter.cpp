@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <vector>
 
 extern char** environ;
@@ -64,6 +66,36 @@ std::string PngConverter::convert(const std::filesystem::path& converter,
   if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
     return converter.string() + " could not convert " + svg.string();
   return {};
+}
+
+PngConverter::Drawing PngConverter::draw(const std::filesystem::path& converter,
+                                         std::string_view svg) {
+  std::error_code error;
+  std::string folder =
+      (std::filesystem::temp_directory_path(error) / "kelmora-png-XXXXXX").string();
+  if (error || ::mkdtemp(folder.data()) == nullptr)
+    return {.png = {}, .problem = "cannot make a folder to draw the PNG in"};
+  const std::filesystem::path work(folder);
+  const auto svgFile = work / "picture.svg";
+  const auto pngFile = work / "picture.png";
+  Drawing drawing;
+  {
+    std::ofstream out(svgFile, std::ios::binary);
+    out.write(svg.data(), static_cast<std::streamsize>(svg.size()));
+    out.close();
+    if (!out)
+      drawing.problem = "cannot write a copy of the picture in " + folder;
+  }
+  if (drawing.problem.empty())
+    drawing.problem = convert(converter, svgFile, pngFile);
+  if (drawing.problem.empty()) {
+    std::ifstream in(pngFile, std::ios::binary);
+    drawing.png.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    if (!in.is_open() || in.bad() || drawing.png.empty())
+      drawing = {.png = {}, .problem = converter.string() + " wrote no PNG"};
+  }
+  std::filesystem::remove_all(work, error);
+  return drawing;
 }
 
 }  // namespace kelmora::tools

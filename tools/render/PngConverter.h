@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace kelmora::tools {
 
@@ -13,8 +14,7 @@ class PngConverter {
  public:
   static constexpr const char* kProgram = "rsvg-convert";
   static constexpr const char* kMissingMessage =
-      "PNG needs rsvg-convert, which is not installed (Debian package librsvg2-bin); "
-      "the SVG was written";
+      "PNG needs rsvg-convert, which is not installed (Debian package librsvg2-bin)";
 
   // The converter on a search path in the form of $PATH, or nothing.
   static std::optional<std::filesystem::path> find(const std::string& searchPath);
@@ -24,6 +24,15 @@ class PngConverter {
   // Runs the converter; the text of what went wrong, or empty on success.
   static std::string convert(const std::filesystem::path& converter,
                              const std::filesystem::path& svg, const std::filesystem::path& png);
+
+  // The PNG of an SVG picture, drawn in a folder of the converter's own, so
+  // that where the user asked for it is written by the caller alone; or
+  // what went wrong, with no bytes.
+  struct Drawing {
+    std::string png;
+    std::string problem;
+  };
+  static Drawing draw(const std::filesystem::path& converter, std::string_view svg);
 };
 
 }  // namespace kelmora::tools

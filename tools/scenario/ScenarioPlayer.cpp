@@ -1,12 +1,12 @@
 #include "scenario/ScenarioPlayer.h"
 
 #include <cmath>
-#include <fstream>
 
 #include "host/BadInput.h"
 #include "host/EventSink.h"
 #include "host/FieldValues.h"
 #include "host/Loading.h"
+#include "host/OutputFile.h"
 #include "host/SettingsFile.h"
 #include "host/TextDataObject.h"
 #include "host/ToolCallback.h"
@@ -137,11 +137,7 @@ void ScenarioPlayer::writePicture(const std::filesystem::path& path) const {
   std::error_code ignored;
   if (path.has_parent_path())
     std::filesystem::create_directories(path.parent_path(), ignored);
-  std::ofstream out(path);
-  out << SvgRenderer::render(mHost.container(), {});
-  out.close();
-  if (!out)
-    throw BadInput("cannot write picture '" + path.string() + "'");
+  OutputFile::write(path, SvgRenderer::render(mHost.container(), {}));
 }
 
 std::shared_ptr<Widget> ScenarioPlayer::widget(const Scenario::Step&,
