@@ -8,10 +8,6 @@ namespace {
 constinit thread_local int tAlive = 0;
 }  // namespace
 
-int Dumpable::alive() {
-  return tAlive;
-}
-
 Dumpable::Dumpable() {
   ++tAlive;
 }

@@ -21,9 +21,6 @@ class Dumpable {
   // reference from inside a member the call reaches.
   virtual std::shared_ptr<const void> lifeline() const { return nullptr; }
 
-  // The library objects alive on this thread.
-  static int alive();
-
  protected:
   Dumpable();
   Dumpable(const Dumpable&);

@@ -41,20 +41,47 @@ struct HostObject {
 };
 
 // Names a host calls, per object; a few that no object has.
-const char* const kContainerMembers[] = {
-    "initialize", "setReferenceListColumnNames", "SetVisibleFrame", "UpdateFrame",
-    "initializeFormatDependentWidgetToggler", "ToggleFormatDependentWidgets",
-    "SynchronizeFieldsWithModel", "HandleUnsupportedReferenceType",
-    "ExecuteDependentWidgetToggler", "Reset", "SetFocus", "getControls", "widgetChangeHandler",
-    "CaptionToTitleType", "TitleTypeToCaption", "OptionButtonChanged", "HandleMouseMove",
-    "HandleDragDrop", "UserFormEnterFocus", "ProcessTextField", "Visible", "NoSuchMember"};
+const char* const kContainerMembers[] = {"initialize",
+                                         "setReferenceListColumnNames",
+                                         "SetVisibleFrame",
+                                         "UpdateFrame",
+                                         "initializeFormatDependentWidgetToggler",
+                                         "ToggleFormatDependentWidgets",
+                                         "SynchronizeFieldsWithModel",
+                                         "HandleUnsupportedReferenceType",
+                                         "ExecuteDependentWidgetToggler",
+                                         "Reset",
+                                         "SetFocus",
+                                         "getControls",
+                                         "widgetChangeHandler",
+                                         "CaptionToTitleType",
+                                         "TitleTypeToCaption",
+                                         "OptionButtonChanged",
+                                         "HandleMouseMove",
+                                         "HandleDragDrop",
+                                         "UserFormEnterFocus",
+                                         "ProcessTextField",
+                                         "Visible",
+                                         "NoSuchMember"};
 const char* const kMainMembers[] = {"ChangeFormatType", "BuildFrameContainer", "Model"};
-const char* const kOtherMembers[] = {"initializedToFormat", "keyToInternalIndex", "KeyIndex",
-                                     "SecondKeyIndex",      "setting",            "controlIndices",
-                                     "Item",                "Count",              "Text",
-                                     "Caption",             "Name",               "Index",
-                                     "Visible",             "Enabled",            "SetFocus",
-                                     "Tag",                 "value",              "Exists"};
+const char* const kOtherMembers[] = {"initializedToFormat",
+                                     "keyToInternalIndex",
+                                     "KeyIndex",
+                                     "SecondKeyIndex",
+                                     "setting",
+                                     "controlIndices",
+                                     "Item",
+                                     "Count",
+                                     "Text",
+                                     "Caption",
+                                     "Name",
+                                     "Index",
+                                     "Visible",
+                                     "Enabled",
+                                     "SetFocus",
+                                     "Tag",
+                                     "value",
+                                     "Exists"};
 const char* const kIdentifiers[] = {"Kelmora.FrameContainer", "Kelmora.Periodical",
                                     "Kelmora.NonPeriodical", "Kelmora.Esource", "Nobody.Nothing"};
 const kelmora_guid kClassIds[] = {
@@ -211,12 +238,12 @@ struct Session {
         kelmora_user_focus_away(&error);
         break;
       case 6:
-        call(anyHeld(), kOtherMembers[data.ConsumeIntegralInRange<size_t>(
-                            0, std::size(kOtherMembers) - 1)]);
+        call(anyHeld(),
+             kOtherMembers[data.ConsumeIntegralInRange<size_t>(0, std::size(kOtherMembers) - 1)]);
         break;
       case 7:
-        call(anyHeld(), kMainMembers[data.ConsumeIntegralInRange<size_t>(
-                            0, std::size(kMainMembers) - 1)]);
+        call(anyHeld(),
+             kMainMembers[data.ConsumeIntegralInRange<size_t>(0, std::size(kMainMembers) - 1)]);
         break;
       default:
         call(anyHeld(), kContainerMembers[data.ConsumeIntegralInRange<size_t>(
@@ -227,8 +254,7 @@ struct Session {
   }
 
   // controls.Add: the control from its class object, placed on the form.
-  int32_t addControl(kelmora_variant* a, int32_t n, kelmora_variant* result,
-                     kelmora_error* error) {
+  int32_t addControl(kelmora_variant* a, int32_t n, kelmora_variant* result, kelmora_error* error) {
     if (n != 2 || a[0].type != KELMORA_VT_STRING || a[1].type != KELMORA_VT_STRING) {
       kelmora_error_set(error, 5, "bad arguments");
       return 5;
@@ -320,9 +346,8 @@ struct Session {
         return 0;
       case Kind::Callback:
         if (member == "CaptionToTitleType" || member == "TitleTypeToCaption") {
-          kelmora_variant_set_string(result, n == 2 && a[1].type == KELMORA_VT_STRING
-                                                 ? a[1].value.string
-                                                 : "");
+          kelmora_variant_set_string(
+              result, n == 2 && a[1].type == KELMORA_VT_STRING ? a[1].value.string : "");
         } else if (member == "widgetChangeHandler" && n == 8 && data.ConsumeBool()) {
           kelmora_variant_clear(&a[4]);
           value(a[4]);  // another second control, or anything else
@@ -397,7 +422,8 @@ struct Session {
       kelmora_variant result;
       kelmora_variant_init(&result);
       int32_t dispid = 0;
-      if (main != nullptr && kelmora_ids_of_names(main, "BuildFrameContainer", &dispid, &error) == 0 &&
+      if (main != nullptr &&
+          kelmora_ids_of_names(main, "BuildFrameContainer", &dispid, &error) == 0 &&
           kelmora_invoke(main, dispid, KELMORA_METHOD, a, 2, &result, &error) == 0 &&
           result.type == KELMORA_VT_OBJECT && result.value.object != nullptr) {
         keep(kelmora_add_ref(result.value.object) > 0 ? result.value.object : nullptr);
@@ -423,15 +449,17 @@ struct Session {
     kelmora_release(tracing);
     tracing = nullptr;
     if (DllCanUnloadNow() != KELMORA_S_OK || liveHostObjects != 0) {
-      std::fprintf(stderr, "the library cannot unload after the host let go of everything (%d host objects held)\n",
-                   liveHostObjects);
+      std::fprintf(
+          stderr,
+          "the library cannot unload after the host let go of everything (%d host objects held)\n",
+          liveHostObjects);
       std::abort();
     }
   }
 };
 
-int32_t hostInvoke(void* self, const char* name, int32_t, kelmora_variant* arguments,
-                   int32_t count, kelmora_variant* result, kelmora_error* error) {
+int32_t hostInvoke(void* self, const char* name, int32_t, kelmora_variant* arguments, int32_t count,
+                   kelmora_variant* result, kelmora_error* error) {
   auto& object = *static_cast<HostObject*>(self);
   return object.session->invoke(object, name, arguments, count, result, error);
 }

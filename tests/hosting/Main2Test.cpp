@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "diagnostics/vbwProtector.h"
 #include "platform/Dictionary.h"
 #include "support/FreshThread.h"
 #include "support/RecordingTracingService.h"
@@ -126,6 +127,24 @@ TEST(Main2Test, EndingMain2ReleasesItsModelsButNotTheHostsReferences) {
     EXPECT_EQ(esourceKeys->Count(), 0);  // emptied by the model's end
     EXPECT_EQ(periodical->KeyIndex(), 12);
     EXPECT_EQ(periodical->keyToInternalIndex()->Count(), 26);
+  });
+}
+
+// A host that uses Main2 alone has no container whose end drops the
+// thread's tracing object: it goes with the last library object instead,
+// untold, so that nothing of the host is held once the host let go of all.
+TEST(Main2Test, TheTracingObjectGoesWithTheThreadsLastLibraryObject) {
+  onFreshThread([] {
+    ScopedBridge bridge;
+    auto main = std::make_shared<Main2>();
+    auto model = main->Model(4);
+    main->ChangeFormatType(4);
+    EXPECT_TRUE(vbwProtector::hasTracingObject());
+    main.reset();
+    EXPECT_TRUE(vbwProtector::hasTracingObject()) << "a model is still alive";
+    model.reset();
+    EXPECT_FALSE(vbwProtector::hasTracingObject());
+    EXPECT_EQ(bridge.service().calls.back().rfind("exit", 0), std::string::npos);
   });
 }
 
