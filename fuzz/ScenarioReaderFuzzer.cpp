@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "host/BadInput.h"
+#include "host/Kit.h"
 #include "scenario/Scenario.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QTest>
 
-#include "host/SettingsFile.h"
+#include "host/Kit.h"
 #include "hosting/FrameContainer.h"
 #include "scenario/WidgetLocator.h"
 
@@ -12,7 +12,7 @@ namespace kelmora::tools::testing {
 QtForm::QtForm(int16_t whichType, int32_t family, bool window) : host(sink, {}) {
   FrameContainer& container = host.container();
   container.SetVisibleFrame(whichType);
-  container.ToggleFormatDependentWidgets(whichType, SettingsFile::family(family));
+  container.ToggleFormatDependentWidgets(whichType, FormatSettings::family(family));
   container.UpdateFrame(0, true);
   if (window) {
     view = std::make_unique<qt::FormView>(container);

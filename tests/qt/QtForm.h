@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Json.h"
+#include "host/Kit.h"
 #include "host/RecordingSink.h"
 #include "host/ToolHost.h"
 #include "qt/FormView.h"

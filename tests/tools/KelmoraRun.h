@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Json.h"
+#include "host/Kit.h"
 
 namespace kelmora::tools::testing {
 

@@ -4,7 +4,7 @@
 
 #include "host/RecordingSink.h"
 #include "host/ToolHost.h"
-#include "host/ToolTracingService.h"
+#include "hostkit/Tracing.h"
 #include "support/FreshThread.h"
 #include "surface/MessageBox.h"
 #include "tools/KelmoraRun.h"
@@ -69,8 +69,8 @@ TEST(ScenarioPlayerTest, AHostThatAlwaysRetriesGivesUpAndSaysSo) {
   const auto givenUp = run.events("retriesGivenUp");
   ASSERT_EQ(givenUp.size(), 1u) << run.out;
   EXPECT_EQ(givenUp[0]["retriesGivenUp"]["procedure"], "Main2.model[Get]");
-  EXPECT_EQ(givenUp[0]["retriesGivenUp"]["retries"], ToolTracingService::kMaxRetries);
-  EXPECT_EQ(run.events("failure").size(), static_cast<size_t>(ToolTracingService::kMaxRetries + 1));
+  EXPECT_EQ(givenUp[0]["retriesGivenUp"]["retries"], host::Tracing::kMaxRetries);
+  EXPECT_EQ(run.events("failure").size(), static_cast<size_t>(host::Tracing::kMaxRetries + 1));
 }
 
 // Each row: steps, the exit status, and the unmet property if any.

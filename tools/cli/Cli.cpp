@@ -13,14 +13,12 @@
 #ifdef KELMORA_WITH_GUI
 #include "gui/Gui.h"
 #endif
-#include "host/BadInput.h"
+#include "host/Kit.h"
 #include "host/FieldValues.h"
 #include "host/JsonLinesSink.h"
-#include "host/JsonReader.h"
 #include "host/OutputFile.h"
 #include "host/ReadableSink.h"
 #include "host/RecordingSink.h"
-#include "host/SettingsFile.h"
 #include "host/ToolCallback.h"
 #include "host/ToolHost.h"
 #include "hosting/FrameContainer.h"
@@ -70,8 +68,8 @@ int render(const RenderOptions& options, std::ostream& err) {
   const int16_t whichType = referenceType(options.type);
   if (options.family.has_value() == !options.settings.empty())
     throw BadInput("give the format either as --family N or as --settings FILE");
-  std::shared_ptr<SettingsFile> settings =
-      options.family ? SettingsFile::family(*options.family) : SettingsFile::load(options.settings);
+  std::shared_ptr<FormatSettings> settings =
+      options.family ? FormatSettings::family(*options.family) : FormatSettings::load(options.settings);
   const Json values =
       options.values.empty()
           ? Json::object()

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <ostream>
 
-#include "host/EmbeddedFiles.h"
+#include "host/DemoParts.h"
 #include "host/FieldValues.h"
 #include "host/ReadableSink.h"
 #include "host/ToolHost.h"
@@ -30,7 +30,7 @@ constexpr DemoPart kParts[] = {
 };
 
 Scenario partScenario(const DemoPart& part, const std::filesystem::path& pictureDirectory) {
-  const std::string_view* text = EmbeddedFiles::find(part.file);
+  const std::string_view* text = DemoParts::find(part.file);
   if (text == nullptr)
     throw RuntimeError(kCannotCreateObject, std::string("the demo has no part ") + part.file);
   return Scenario::fromText(*text, part.file, pictureDirectory);

@@ -12,12 +12,10 @@
 #include <QVBoxLayout>
 
 #include "gui/LogSink.h"
-#include "host/BadInput.h"
-#include "host/EmbeddedFiles.h"
+#include "host/Kit.h"
+#include "host/DemoParts.h"
 #include "host/EventSink.h"
 #include "host/FieldValues.h"
-#include "host/Loading.h"
-#include "host/SettingsFile.h"
 #include "host/TextDataObject.h"
 #include "host/ToolCallback.h"
 #include "host/ToolHost.h"
@@ -46,7 +44,7 @@ constexpr int16_t kNonPeriodical = 0;
 // The values of the first reference of that type the demo loads; nothing
 // when the demo has none.
 Json exampleValues(const TypeChoice& type) {
-  const std::string_view* text = EmbeddedFiles::find(type.example);
+  const std::string_view* text = DemoParts::find(type.example);
   if (text == nullptr)
     return nullptr;
   const Json demo = Json::parse(*text);
@@ -164,7 +162,7 @@ void GuiWindow::showChosenFrame() {
   mFamilyOf[type] = family;
   call("SetVisibleFrame", {type}, [&] { container.SetVisibleFrame(type); });
   call("ToggleFormatDependentWidgets", {type, family},
-       [&] { container.ToggleFormatDependentWidgets(type, SettingsFile::family(family)); });
+       [&] { container.ToggleFormatDependentWidgets(type, FormatSettings::family(family)); });
   call("UpdateFrame", {option, showAll}, [&] { container.UpdateFrame(option, showAll); });
 }
 
@@ -175,7 +173,7 @@ void GuiWindow::loadExample() {
     return;
   call("SynchronizeFieldsWithModel", {type.whichType, values}, [&] {
     auto record = FieldValues::record(mHost.main(), type.whichType, values, type.example);
-    Loading loading(mHost.callback());
+    host::Loading loading(mHost.callback());
     mHost.container().SynchronizeFieldsWithModel(type.whichType, record);
   });
 }
@@ -184,7 +182,7 @@ void GuiWindow::reset() {
   const int16_t type = chosenType();
   const bool showAll = mShowAll->isChecked();
   call("Reset", {type, showAll}, [&] {
-    Loading loading(mHost.callback());
+    host::Loading loading(mHost.callback());
     mHost.container().Reset(type, showAll);
   });
 }

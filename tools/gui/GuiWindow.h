@@ -6,7 +6,7 @@
 #include <map>
 #include <memory>
 
-#include "host/Json.h"
+#include "host/Kit.h"
 
 class QCheckBox;
 class QComboBox;

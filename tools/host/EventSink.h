@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Json.h"
+#include "host/Kit.h"
 
 namespace kelmora::tools {
 

@@ -2,19 +2,11 @@
 
 #include <algorithm>
 
-#include "host/BadInput.h"
 #include "host/ToolCallback.h"
 #include "hosting/FrameContainer.h"
 #include "hosting/Main2.h"
 #include "model/Model.h"
-#include "platform/Strings.h"
-#include "platform/Variant.h"
 #include "proxy/FrameProxy.h"
-#include "surface/CheckBox.h"
-#include "surface/ComboBox.h"
-#include "surface/Label.h"
-#include "surface/OptionButton.h"
-#include "surface/TextBox.h"
 
 namespace kelmora::tools {
 
@@ -39,51 +31,13 @@ std::vector<std::string> FieldValues::record(Main2& main, int16_t whichType, con
   }
   if (!values.is_object())
     throw BadInput(origin + ": values must be an object of field keys or an array of texts");
-  auto model = main.Model(whichType);
-  if (!model)
-    throw BadInput(origin + ": reference type " + std::to_string(whichType) +
-                   " has no field catalogue");
-  auto keys = model->keyToInternalIndex();
-  int32_t size = 0;
-  for (int32_t i = 0; i < keys->Count(); ++i)
-    size = std::max<int32_t>(size, keys->ItemAt(i).toLong() + 1);
-  record.assign(static_cast<size_t>(size), "");
-  // A new reference starts from the type's defaults: pairs of internal
-  // index and value in the model's second setting.
-  const std::vector<std::string> defaults = Strings::Split(model->setting(1), ",");
-  for (size_t i = 0; i + 1 < defaults.size(); i += 2) {
-    double index = -1;
-    if (Variant::parseNumber(defaults[i], index) && index >= 0 && index < size)
-      record[static_cast<size_t>(index)] = defaults[i + 1];
+  try {
+    auto reference = Record::newReference(main, whichType);
+    for (const auto& [key, value] : values.items()) reference.set(key, asText(value, origin, key));
+    return reference.values();
+  } catch (const BadInput& refused) {
+    throw BadInput(origin + ": " + refused.what());
   }
-  for (const auto& [key, value] : values.items()) {
-    if (!keys->Exists(key))
-      throw BadInput(origin + ": '" + key + "' is no field key of reference type " +
-                     std::to_string(whichType));
-    record[static_cast<size_t>(keys->Item(key).toLong())] = asText(value, origin, key);
-  }
-  return record;
-}
-
-std::string FieldValues::shownValue(const Widget& widget) {
-  if (auto* box = dynamic_cast<const TextBox*>(&widget))
-    return box->Text();
-  if (auto* combo = dynamic_cast<const ComboBox*>(&widget))
-    return combo->Text();
-  if (auto* label = dynamic_cast<const Label*>(&widget))
-    return label->Caption();
-  if (auto* option = dynamic_cast<const OptionButton*>(&widget))
-    return option->Value() ? "True" : "False";
-  if (auto* check = dynamic_cast<const CheckBox*>(&widget))
-    return std::to_string(check->Value());
-  return {};
-}
-
-std::string FieldValues::fieldKey(const Widget& widget) {
-  const std::string& tag = widget.Tag();
-  if (tag.empty() || tag.starts_with("vIgnore_"))
-    return {};
-  return tag.substr(0, tag.find(','));
 }
 
 Json FieldValues::visibleFields(Main2& main, const FrameContainer& container) {
@@ -96,7 +50,7 @@ Json FieldValues::visibleFields(Main2& main, const FrameContainer& container) {
   auto keys = model->keyToInternalIndex();
   std::vector<std::shared_ptr<Widget>> shown;
   for (const auto& widget : frame->Controls()) {
-    const std::string key = fieldKey(*widget);
+    const std::string key = Record::fieldKey(*widget);
     // Captions and layout widgets carry keys too, but store nothing.
     if (!key.empty() && keys->Exists(key) && widget->isShowing())
       shown.push_back(widget);
@@ -109,8 +63,8 @@ Json FieldValues::visibleFields(Main2& main, const FrameContainer& container) {
   });
   for (const auto& widget : shown) {
     fields.push_back({{"widget", ToolCallback::describe(widget)},
-                      {"key", fieldKey(*widget)},
-                      {"value", shownValue(*widget)}});
+                      {"key", Record::fieldKey(*widget)},
+                      {"value", Record::shownValue(*widget)}});
   }
   return fields;
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Json.h"
+#include "host/Kit.h"
 
 namespace kelmora {
 class FrameContainer;
@@ -24,12 +24,6 @@ class FieldValues {
   // text. An unknown key is bad input; `origin` names the source.
   static std::vector<std::string> record(Main2& main, int16_t whichType, const Json& values,
                                          const std::string& origin);
-
-  // The value a widget shows as a field: a text box's or combo box's text,
-  // a label's caption, an option's or check box's state.
-  static std::string shownValue(const Widget& widget);
-  // The field key of a widget's tag, or empty for a widget that is no field.
-  static std::string fieldKey(const Widget& widget);
 
   // The fields of the shown frame that are on screen, top to bottom and
   // left to right: [{"widget": "TextBox(8)", "key": "PeriodicalOnline",

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "host/BadInput.h"
+#include "host/Kit.h"
 
 namespace kelmora::tools {
 

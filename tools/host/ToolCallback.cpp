@@ -2,9 +2,6 @@
 
 #include "host/EventSink.h"
 #include "host/TextDataObject.h"
-#include "host/TitleTypeTable.h"
-#include "hosting/FrameContainer.h"
-#include "proxy/FrameProxy.h"
 #include "surface/TypeName.h"
 #include "surface/Widget.h"
 
@@ -38,28 +35,16 @@ void ToolCallback::widgetChangeHandler(bool& isKeyField, int16_t& Index, std::st
                 {"secondaryText", secondaryText},
                 {"suppressShowSubform", suppressShowSubform},
                 {"toggleSecondIndex", toggleSecondIndex}}}});
-  answerChange(theControl, Index);
+  Callback::widgetChangeHandler(isKeyField, Index, value, theControl, theSecondControl,
+                                secondaryText, suppressShowSubform, toggleSecondIndex);
 }
 
-void ToolCallback::answerChange(const std::shared_ptr<Object>& theControl, int16_t Index) {
-  auto container = mContainer.lock();
-  auto* widget = dynamic_cast<const Widget*>(theControl.get());
-  if (!mAnswerChanges || mLoading || !container || widget == nullptr || Index < 0)
-    return;
-  // The changed field's own type: a hidden frame may be loading while
-  // another is shown.
-  for (int16_t whichType : {int16_t{0}, int16_t{1}, int16_t{4}}) {
-    auto proxy = container->existingProxy(whichType);
-    if (!proxy || proxy->frame().get() != widget->Parent())
-      continue;
-    mSink.emit({{"host", "ExecuteDependentWidgetToggler"}, {"args", {whichType, Index}}});
-    container->ExecuteDependentWidgetToggler(whichType, Index);
-    return;
-  }
+void ToolCallback::answering(int16_t whichType, int16_t Index) {
+  mSink.emit({{"host", "ExecuteDependentWidgetToggler"}, {"args", {whichType, Index}}});
 }
 
 std::string ToolCallback::CaptionToTitleType(int16_t& whichType, std::string& text) {
-  std::string titleType = TitleTypeTable::CaptionToTitleType(whichType, text);
+  std::string titleType = Callback::CaptionToTitleType(whichType, text);
   mSink.emit({{"callback", "CaptionToTitleType"},
               {"args", {{"whichType", whichType}, {"text", text}}},
               {"returns", titleType}});
@@ -67,7 +52,7 @@ std::string ToolCallback::CaptionToTitleType(int16_t& whichType, std::string& te
 }
 
 std::string ToolCallback::TitleTypeToCaption(int16_t& whichType, std::string& text) {
-  std::string caption = TitleTypeTable::TitleTypeToCaption(whichType, text);
+  std::string caption = Callback::TitleTypeToCaption(whichType, text);
   mSink.emit({{"callback", "TitleTypeToCaption"},
               {"args", {{"whichType", whichType}, {"text", text}}},
               {"returns", caption}});

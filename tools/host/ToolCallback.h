@@ -4,33 +4,19 @@
 #include <memory>
 #include <string>
 
-#include "host/Json.h"
-
-#include "surface/HostCallback.h"
-
-namespace kelmora {
-class FrameContainer;
-}
+#include "host/Kit.h"
+#include "hostkit/Callback.h"
 
 namespace kelmora::tools {
 
 class EventSink;
 
-// The host's callback object: it offers all nine members, tells each call
-// to the sink with its arguments, translates title captions through
-// TitleTypeTable, and answers a field change as a host does, with
-// ExecuteDependentWidgetToggler for the changed field's type and index, so
-// that the format's rules follow the author's typing. While the host loads
-// a reference itself it leaves the changes that loading causes unanswered:
-// the load ends with an evaluation of all rules anyway.
-class ToolCallback : public HostCallback {
+// The program's callback: the host kit's, which answers as a host does,
+// telling each call to the sink with its arguments and what it returned,
+// and each answer it gives the library.
+class ToolCallback : public host::Callback {
  public:
   explicit ToolCallback(EventSink& sink) : mSink(sink) {}
-
-  // The container whose changes are answered; not owned.
-  void answerFor(std::weak_ptr<FrameContainer> container) { mContainer = std::move(container); }
-  void answerChanges(bool value) { mAnswerChanges = value; }
-  void loading(bool value) { mLoading = value; }
 
   void widgetChangeHandler(bool& isKeyField, int16_t& Index, std::string& value,
                            std::shared_ptr<Object>& theControl,
@@ -51,13 +37,11 @@ class ToolCallback : public HostCallback {
   // name, anything else by its class, nothing as null.
   static Json describe(const std::shared_ptr<Object>& object);
 
- private:
-  void answerChange(const std::shared_ptr<Object>& theControl, int16_t Index);
+ protected:
+  void answering(int16_t whichType, int16_t Index) override;
 
+ private:
   EventSink& mSink;
-  std::weak_ptr<FrameContainer> mContainer;
-  bool mAnswerChanges = true;
-  bool mLoading = false;
 };
 
 }  // namespace kelmora::tools

@@ -1,44 +1,81 @@
 #include "host/ToolHost.h"
 
-#include "diagnostics/BridgeToVB.h"
 #include "host/EventSink.h"
-#include "host/ToolBridge.h"
 #include "host/ToolCallback.h"
 #include "host/ToolMessageBox.h"
-#include "host/ToolTracingService.h"
-#include "hosting/FrameContainer.h"
-#include "hosting/Main2.h"
-#include "platform/RunningObjectTable.h"
+#include "hostkit/Tracing.h"
 #include "platform/RuntimeError.h"
-#include "surface/ControlWrapper.h"
-#include "surface/HeadlessHostForm.h"
 #include "surface/MessageBox.h"
 
 namespace kelmora::tools {
 
+namespace {
+
+Json toJson(const Variant& value) {
+  switch (value.kind()) {
+    case Variant::Kind::Empty:
+      return nullptr;
+    case Variant::Kind::Boolean:
+      return value.toBoolean();
+    case Variant::Kind::Integer:
+    case Variant::Kind::Long:
+      return value.toLong();
+    case Variant::Kind::Single:
+      return value.toSingle();
+    case Variant::Kind::String:
+      return value.toString();
+    case Variant::Kind::Object:
+      return value.typeName();
+  }
+  return nullptr;
+}
+
+std::shared_ptr<host::Tracing> toldTracing(EventSink& sink, int32_t answer) {
+  auto tracing = std::make_shared<host::Tracing>(answer);
+  tracing->onFailure = [&sink](const host::Failure& failure) {
+    Json locals = Json::object();
+    for (const auto& [name, value] : failure.locals) locals[name] = toJson(value);
+    sink.emit({{"failure",
+                {{"procedure", failure.procedure},
+                 {"line", failure.line},
+                 {"number", failure.number},
+                 {"description", failure.description},
+                 {"locals", std::move(locals)}}}});
+  };
+  tracing->onRetriesGivenUp = [&sink](const host::Failure& failure, int32_t retries) {
+    sink.emit({{"retriesGivenUp",
+                {{"procedure", failure.procedure},
+                 {"line", failure.line},
+                 {"number", failure.number},
+                 {"retries", retries},
+                 {"answer", 0}}}});
+  };
+  return tracing;
+}
+
+}  // namespace
+
 ToolHost::ToolHost(EventSink& sink, Options options)
     : mSink(sink),
-      mTracing(std::make_shared<ToolTracingService>(sink, options.failureAnswer)),
-      mCallback(std::make_shared<ToolCallback>(sink)) {
-  RunningObjectTable::Register(BridgeToVB::kClassName, std::make_shared<ToolBridge>(mTracing));
-  mFormerMessageBox = MessageBox::install(std::make_shared<ToolMessageBox>(sink));
-  mMain = std::make_shared<Main2>();
-  mForm = std::make_shared<HeadlessHostForm>();
-  auto wrapper = mMain->BuildFrameContainer(mForm, kContainerName);
-  if (wrapper)
-    mContainer = std::dynamic_pointer_cast<FrameContainer>(wrapper->Object());
-  if (!mContainer) {
-    // The failure itself has been reported through the bridge already.
-    mForm->unload();
-    mMain.reset();
-    RunningObjectTable::Revoke(BridgeToVB::kClassName);
-    MessageBox::install(mFormerMessageBox);
-    throw RuntimeError(kCannotCreateObject, "the frame container could not be built");
-  }
-  mCallback->answerFor(mContainer);
+      mTracing(toldTracing(sink, options.failureAnswer)),
+      mCallback(std::make_shared<ToolCallback>(sink)),
+      mMessageBox(std::make_shared<ToolMessageBox>(sink)),
+      mHost(host::Host::Options{
+          .callback = mCallback, .tracing = mTracing, .containerName = kContainerName}) {
   mCallback->answerChanges(options.answerChanges);
-  mContainer->Visible(true);
-  mContainer->initialize(mCallback);
+}
+
+ToolHost::MessageBoxInstalled::MessageBoxInstalled(std::shared_ptr<MessageBox> mine)
+    : former(MessageBox::install(std::move(mine))) {}
+
+ToolHost::MessageBoxInstalled::~MessageBoxInstalled() {
+  restore();
+}
+
+void ToolHost::MessageBoxInstalled::restore() {
+  if (!restored)
+    MessageBox::install(former);
+  restored = true;
 }
 
 ToolHost::~ToolHost() {
@@ -50,17 +87,13 @@ void ToolHost::end() {
     return;
   mEnded = true;
   try {
-    mForm->unload();
+    mHost.end();
   } catch (const RuntimeError& error) {
     mSink.emit(
         {{"failedCall",
           {{"operation", "unload"}, {"number", error.Number()}, {"description", error.what()}}}});
   }
-  mContainer.reset();
-  mMain.reset();
-  mForm.reset();
-  RunningObjectTable::Revoke(BridgeToVB::kClassName);
-  MessageBox::install(mFormerMessageBox);
+  mMessageBox.restore();
 }
 
 }  // namespace kelmora::tools

@@ -4,26 +4,26 @@
 #include <memory>
 #include <string>
 
+#include "hostkit/Host.h"
+
 namespace kelmora {
-class FrameContainer;
-class HeadlessHostForm;
-class Main2;
 class MessageBox;
 }  // namespace kelmora
+
+namespace kelmora::host {
+class Tracing;
+}  // namespace kelmora::host
 
 namespace kelmora::tools {
 
 class EventSink;
 class ToolCallback;
 
-class ToolTracingService;
-
-// The host's part, played for real: the tracing bridge registered before
-// the first library object, a Main2, a form with one frame container built
-// on it, shown and initialised with the host's callback, and the message
-// box replaced for the thread. Ending takes the container off the form
-// (which ends the frames and the thread's tracing), then lets go of Main2,
-// revokes the bridge and puts the former message box back.
+// The program's host: the host kit's, with the program's callback, every
+// failure report and message box told to the sink, and the thread's message
+// box replaced for its life. Ending takes the container off the form,
+// lets go of everything, revokes the bridge and puts the former message
+// box back.
 //
 // One host at a time per process: the bridge's name is process-wide.
 class ToolHost {
@@ -45,24 +45,34 @@ class ToolHost {
   ToolHost(const ToolHost&) = delete;
   ToolHost& operator=(const ToolHost&) = delete;
 
-  Main2& main() const { return *mMain; }
-  FrameContainer& container() const { return *mContainer; }
-  const std::shared_ptr<FrameContainer>& containerObject() const { return mContainer; }
+  host::Host& host() { return mHost; }
+  Main2& main() const { return mHost.main(); }
+  FrameContainer& container() const { return mHost.container(); }
+  const std::shared_ptr<FrameContainer>& containerObject() const { return mHost.containerObject(); }
   ToolCallback& callback() const { return *mCallback; }
   const std::shared_ptr<ToolCallback>& callbackObject() const { return mCallback; }
-  HeadlessHostForm& form() const { return *mForm; }
-  const std::shared_ptr<HeadlessHostForm>& formObject() const { return mForm; }
-  const ToolTracingService& tracing() const { return *mTracing; }
+  HeadlessHostForm& form() const { return mHost.form(); }
+  const std::shared_ptr<HeadlessHostForm>& formObject() const { return mHost.formObject(); }
+  const host::Tracing& tracing() const { return *mTracing; }
 
  private:
   EventSink& mSink;
   bool mEnded = false;
-  std::shared_ptr<ToolTracingService> mTracing;
-  std::shared_ptr<MessageBox> mFormerMessageBox;
-  std::shared_ptr<Main2> mMain;
-  std::shared_ptr<HeadlessHostForm> mForm;
-  std::shared_ptr<FrameContainer> mContainer;
+  std::shared_ptr<host::Tracing> mTracing;
   std::shared_ptr<ToolCallback> mCallback;
+  // The program's message box for the host's life, also when building the
+  // host fails.
+  struct MessageBoxInstalled {
+    explicit MessageBoxInstalled(std::shared_ptr<MessageBox> mine);
+    ~MessageBoxInstalled();
+    MessageBoxInstalled(const MessageBoxInstalled&) = delete;
+    MessageBoxInstalled& operator=(const MessageBoxInstalled&) = delete;
+    void restore();
+    std::shared_ptr<MessageBox> former;
+    bool restored = false;
+  };
+  MessageBoxInstalled mMessageBox;
+  host::Host mHost;
 };
 
 }  // namespace kelmora::tools

@@ -5,8 +5,7 @@
 #include <map>
 #include <set>
 
-#include "host/BadInput.h"
-#include "host/JsonReader.h"
+#include "host/Kit.h"
 
 namespace kelmora::tools {
 

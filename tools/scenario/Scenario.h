@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Json.h"
+#include "host/Kit.h"
 
 namespace kelmora::tools {
 

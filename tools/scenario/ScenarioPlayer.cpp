@@ -2,12 +2,10 @@
 
 #include <cmath>
 
-#include "host/BadInput.h"
+#include "host/Kit.h"
 #include "host/EventSink.h"
 #include "host/FieldValues.h"
-#include "host/Loading.h"
 #include "host/OutputFile.h"
-#include "host/SettingsFile.h"
 #include "host/TextDataObject.h"
 #include "host/ToolCallback.h"
 #include "host/ToolHost.h"
@@ -62,7 +60,7 @@ double rounded(float value) {
 
 std::string describe(const std::shared_ptr<Widget>& widget) {
   std::string text = ToolCallback::describe(widget).get<std::string>();
-  const std::string key = FieldValues::fieldKey(*widget);
+  const std::string key = Record::fieldKey(*widget);
   if (!key.empty() && key != text)
     text += " (" + key + ")";
   return text;
@@ -151,10 +149,10 @@ std::shared_ptr<FormatterSettings> ScenarioPlayer::settings(const Scenario& scen
   if (value.is_null())
     return nullptr;
   if (value.is_number_integer())
-    return SettingsFile::family(value.get<int32_t>());
+    return FormatSettings::family(value.get<int32_t>());
   if (value.is_string())
-    return SettingsFile::load(scenario.baseDirectory / value.get<std::string>());
-  return std::make_shared<SettingsFile>(value, place + "formatterSettings");
+    return FormatSettings::load(scenario.baseDirectory / value.get<std::string>());
+  return std::make_shared<FormatSettings>(value, place + "formatterSettings");
 }
 
 void ScenarioPlayer::call(const Scenario& scenario, const Scenario::Step& step) {
@@ -209,14 +207,14 @@ void ScenarioPlayer::call(const Scenario& scenario, const Scenario::Step& step) 
   } else if (name == "SynchronizeFieldsWithModel") {
     auto values =
         FieldValues::record(main, int16("whichType"), argument(step, "values"), place + "values");
-    Loading loading(mHost.callback());
+    host::Loading loading(mHost.callback());
     container.SynchronizeFieldsWithModel(int16("whichType"), values);
   } else if (name == "HandleUnsupportedReferenceType") {
     container.HandleUnsupportedReferenceType(int16("whichType"), boolean("supported"));
   } else if (name == "ExecuteDependentWidgetToggler") {
     container.ExecuteDependentWidgetToggler(int16("whichType"), int16("Index"));
   } else if (name == "Reset") {
-    Loading loading(mHost.callback());
+    host::Loading loading(mHost.callback());
     container.Reset(int16("whichType"), boolean("showAllFields"));
   } else if (name == "SetFocus") {
     container.SetFocus();

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/Json.h"
+#include "host/Kit.h"
 #include "scenario/Scenario.h"
 
 namespace kelmora {

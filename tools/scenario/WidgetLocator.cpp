@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "host/BadInput.h"
+#include "host/Kit.h"
 #include "host/FieldValues.h"
 #include "hosting/FrameContainer.h"
 #include "proxy/FrameProxy.h"
@@ -60,7 +60,7 @@ std::shared_ptr<Widget> WidgetLocator::find(const FrameContainer& container,
   if (auto found = owner->Controls().find(name); found && !found->IsArrayMember())
     return found;
   for (const auto& widget : owner->Controls()) {
-    if (FieldValues::fieldKey(*widget) == name)
+    if (Record::fieldKey(*widget) == name)
       return widget;
   }
   throw BadInput("unknown widget '" + ref + "'");

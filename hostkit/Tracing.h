@@ -1,33 +1,46 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
-
-#include "host/Json.h"
+#include <utility>
+#include <vector>
 
 #include "diagnostics/TracingService.h"
+#include "platform/Variant.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 
-class EventSink;
+// One failure the library reported: where, which number, and the local
+// variables of the failing procedure as they stood.
+struct Failure {
+  std::string procedure;  // "Module.Procedure"
+  int16_t line = 0;
+  int16_t number = 0;
+  std::string description;
+  std::vector<std::pair<std::string, Variant>> locals;
+};
 
-// The host's tracing service. Procedure entries and exits are only counted;
-// a failure report is gathered from the dump (where, which number, and the
-// local variables of the failing procedure) and told to the sink as one
-// event when the dump closes. Every failure gets the same answer, 5 (go on
-// with the next statement) unless the host was told otherwise.
+// A tracing service with every member the library calls. Procedure entries
+// are only counted; each failure report is gathered from its dump and handed
+// to `onFailure` (silent when none is set) once the dump closes, and every
+// failure gets the same answer, 5 (go on with the next statement) unless
+// the host chose another.
 //
 // The library retries a statement for as long as the answer is 4, and a
-// statement of this host fails the same way every time; so after
+// statement that fails on its own fails the same way every time; so after
 // kMaxRetries retries of one failure in a row (same procedure, line and
 // number) the service answers 0 instead, which leaves the procedure, and
-// tells the sink that it gave up.
-class ToolTracingService : public TracingService {
+// tells `onRetriesGivenUp`.
+class Tracing : public TracingService {
  public:
   static constexpr int32_t kMaxRetries = 100;
 
-  ToolTracingService(EventSink& sink, int32_t answer) : mSink(sink), mAnswer(answer) {}
+  std::function<void(const Failure&)> onFailure;
+  std::function<void(const Failure&, int32_t retries)> onRetriesGivenUp;
+
+  explicit Tracing(int32_t answer = 5) : mAnswer(answer) {}
 
   void vbwProcIn(const std::string& qualifiedName, const std::string& parameterText) override;
   void vbwProcOut() override;
@@ -48,17 +61,16 @@ class ToolTracingService : public TracingService {
   int32_t failuresReported() const { return mFailuresReported; }
 
  private:
-  EventSink& mSink;
   int32_t mAnswer;
   int64_t mProceduresEntered = 0;
   int32_t mFailuresReported = 0;
-  Json mReport;
+  Failure mReport;
   // The failure last answered, and how often in a row it was retried.
-  Json mLastFailure;
+  Failure mLastFailure;
   int32_t mRetriesInARow = 0;
   // Variables belong to the report's locals only until the module section
   // of the dump begins.
   bool mInLocals = false;
 };
 
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

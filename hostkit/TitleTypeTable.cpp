@@ -1,6 +1,6 @@
-#include "host/TitleTypeTable.h"
+#include "hostkit/TitleTypeTable.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 
 std::string TitleTypeTable::CaptionToTitleType(int16_t category, const std::string& caption) {
   for (const auto& row : kRows) {
@@ -18,4 +18,4 @@ std::string TitleTypeTable::TitleTypeToCaption(int16_t category, const std::stri
   return titleType;
 }
 
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

@@ -1,16 +1,16 @@
-#include "host/SettingsFile.h"
+#include "hostkit/FormatSettings.h"
 
 #include <cstdint>
 #include <fstream>
 #include <string_view>
 
-#include "host/BadInput.h"
-#include "host/EmbeddedFiles.h"
-#include "host/JsonReader.h"
+#include "hostkit/BadInput.h"
+#include "hostkit/EmbeddedFiles.h"
+#include "hostkit/JsonReader.h"
 #include "platform/RuntimeError.h"
 #include "surface/OutputTemplate.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 
 namespace {
 
@@ -105,7 +105,8 @@ class PrefixTemplate : public OutputTemplate {
 
 }  // namespace
 
-SettingsFile::SettingsFile(Json members, const std::string& origin) : mMembers(std::move(members)) {
+FormatSettings::FormatSettings(Json members, const std::string& origin)
+    : mMembers(std::move(members)) {
   if (!mMembers.is_object())
     throw BadInput(origin + ": format settings must be a JSON object");
   for (const auto& [name, value] : mMembers.items()) {
@@ -120,49 +121,49 @@ SettingsFile::SettingsFile(Json members, const std::string& origin) : mMembers(s
   }
 }
 
-std::shared_ptr<SettingsFile> SettingsFile::load(const std::filesystem::path& path) {
+std::shared_ptr<FormatSettings> FormatSettings::load(const std::filesystem::path& path) {
   Json members = JsonReader::read(path, "format settings file '" + path.string() + "'");
-  return std::make_shared<SettingsFile>(std::move(members), path.string());
+  return std::make_shared<FormatSettings>(std::move(members), path.string());
 }
 
-std::shared_ptr<SettingsFile> SettingsFile::family(int32_t number) {
+std::shared_ptr<FormatSettings> FormatSettings::family(int32_t number) {
   const std::string name = "formats/family-" + std::to_string(number) + ".json";
   const std::string_view* text = EmbeddedFiles::find(name);
   if (number < 0 || text == nullptr)
     throw BadInput("there is no format family " + std::to_string(number) + "; families are 0 to 3");
-  return std::make_shared<SettingsFile>(Json::parse(*text), name);
+  return std::make_shared<FormatSettings>(Json::parse(*text), name);
 }
 
-const Json& SettingsFile::member(const char* name) const {
+const Json& FormatSettings::member(const char* name) const {
   auto found = mMembers.find(name);
   if (found == mMembers.end())
     throw RuntimeError(kMemberNotSupported);
   return *found;
 }
 
-int32_t SettingsFile::Format() {
+int32_t FormatSettings::Format() {
   return member("Format").get<int32_t>();
 }
-bool SettingsFile::hasPeriodicalPageNumbers() {
+bool FormatSettings::hasPeriodicalPageNumbers() {
   return member("hasPeriodicalPageNumbers").get<bool>();
 }
-std::string SettingsFile::tooltipTextJournal() {
+std::string FormatSettings::tooltipTextJournal() {
   return member("tooltipTextJournal").get<std::string>();
 }
-std::string SettingsFile::tooltipTextPeriodical() {
+std::string FormatSettings::tooltipTextPeriodical() {
   return member("tooltipTextPeriodical").get<std::string>();
 }
-std::string SettingsFile::accessDateFormat() {
+std::string FormatSettings::accessDateFormat() {
   return member("accessDateFormat").get<std::string>();
 }
-bool SettingsFile::alwaysEnableAccessDate() {
+bool FormatSettings::alwaysEnableAccessDate() {
   return member("alwaysEnableAccessDate").get<bool>();
 }
-bool SettingsFile::WebsiteImpliesDate() {
+bool FormatSettings::WebsiteImpliesDate() {
   return member("WebsiteImpliesDate").get<bool>();
 }
 
-std::shared_ptr<OutputTemplate> SettingsFile::outputTemplates(int32_t index) {
+std::shared_ptr<OutputTemplate> FormatSettings::outputTemplates(int32_t index) {
   const auto& templates = member("outputTemplates");
   auto found = templates.find(std::to_string(index));
   if (found == templates.end())
@@ -170,35 +171,35 @@ std::shared_ptr<OutputTemplate> SettingsFile::outputTemplates(int32_t index) {
   return std::make_shared<PrefixTemplate>((*found)["urlPrefixes"].get<std::vector<std::string>>());
 }
 
-bool SettingsFile::esourceShowsAuthorPopup() {
+bool FormatSettings::esourceShowsAuthorPopup() {
   return member("esourceShowsAuthorPopup").get<bool>();
 }
-bool SettingsFile::esourceHasTitle() {
+bool FormatSettings::esourceHasTitle() {
   return member("esourceHasTitle").get<bool>();
 }
-bool SettingsFile::esourceHasTo() {
+bool FormatSettings::esourceHasTo() {
   return member("esourceHasTo").get<bool>();
 }
-bool SettingsFile::emailListTitleVisible() {
+bool FormatSettings::emailListTitleVisible() {
   return member("emailListTitleVisible").get<bool>();
 }
-bool SettingsFile::supportsWebtitle() {
+bool FormatSettings::supportsWebtitle() {
   return member("supportsWebtitle").get<bool>();
 }
-bool SettingsFile::SupportsURL() {
+bool FormatSettings::SupportsURL() {
   return member("SupportsURL").get<bool>();
 }
-bool SettingsFile::supportsAccessDate() {
+bool FormatSettings::supportsAccessDate() {
   return member("supportsAccessDate").get<bool>();
 }
-bool SettingsFile::supportsSocialMedia() {
+bool FormatSettings::supportsSocialMedia() {
   return member("supportsSocialMedia").get<bool>();
 }
-int32_t SettingsFile::DegreeSupport() {
+int32_t FormatSettings::DegreeSupport() {
   return member("DegreeSupport").get<int32_t>();
 }
-int32_t SettingsFile::esourceType() {
+int32_t FormatSettings::esourceType() {
   return member("esourceType").get<int32_t>();
 }
 
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

@@ -1,11 +1,11 @@
-#include "host/JsonReader.h"
+#include "hostkit/JsonReader.h"
 
 #include <fstream>
 #include <iterator>
 
-#include "host/BadInput.h"
+#include "hostkit/BadInput.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 
 namespace {
 
@@ -74,4 +74,4 @@ Json JsonReader::read(const std::filesystem::path& path, const std::string& what
   return parse(text, what);
 }
 
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

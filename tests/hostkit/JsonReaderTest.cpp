@@ -1,10 +1,10 @@
-#include "host/JsonReader.h"
+#include "hostkit/JsonReader.h"
 
 #include <gtest/gtest.h>
 
-#include "host/BadInput.h"
+#include "hostkit/BadInput.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 namespace {
 
 // Reading has to take time in proportion to the input: a reader that looks
@@ -55,4 +55,4 @@ TEST(JsonReaderTest, LargeInputsAreReadOrRefusedWhole) {
 }
 
 }  // namespace
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

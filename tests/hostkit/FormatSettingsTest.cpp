@@ -1,4 +1,4 @@
-#include "host/SettingsFile.h"
+#include "hostkit/FormatSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -7,12 +7,12 @@
 #include "platform/RuntimeError.h"
 #include "support/ErrorOf.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 namespace {
 
 using kelmora::testing::errorOf;
 
-TEST(SettingsFileTest, TheFourFamiliesShipAsNumberedFilesAndAreCompiledIn) {
+TEST(FormatSettingsTest, TheFourFamiliesShipAsNumberedFilesAndAreCompiledIn) {
   std::vector<std::string> names;
   for (const auto& entry :
        std::filesystem::directory_iterator(std::filesystem::path(KELMORA_EXAMPLES_DIR) / "formats"))
@@ -23,23 +23,23 @@ TEST(SettingsFileTest, TheFourFamiliesShipAsNumberedFilesAndAreCompiledIn) {
   for (int32_t family = 0; family <= 3; ++family) {
     const auto path = std::filesystem::path(KELMORA_EXAMPLES_DIR) / "formats" /
                       ("family-" + std::to_string(family) + ".json");
-    auto fromFile = SettingsFile::load(path);
-    auto compiledIn = SettingsFile::family(family);
+    auto fromFile = FormatSettings::load(path);
+    auto compiledIn = FormatSettings::family(family);
     EXPECT_EQ(fromFile->Format(), family);
     EXPECT_EQ(fromFile->members(), compiledIn->members()) << "family " << family;
   }
 }
 
-TEST(SettingsFileTest, TheAccessDateDiffersAcrossTheFamilies) {
+TEST(FormatSettingsTest, TheAccessDateDiffersAcrossTheFamilies) {
   // The families between them cover every access date branch of a format.
-  EXPECT_FALSE(SettingsFile::family(0)->accessDateFormat().empty());
-  EXPECT_TRUE(SettingsFile::family(1)->accessDateFormat().empty());
-  EXPECT_FALSE(SettingsFile::family(2)->alwaysEnableAccessDate());
-  EXPECT_TRUE(SettingsFile::family(3)->alwaysEnableAccessDate());
+  EXPECT_FALSE(FormatSettings::family(0)->accessDateFormat().empty());
+  EXPECT_TRUE(FormatSettings::family(1)->accessDateFormat().empty());
+  EXPECT_FALSE(FormatSettings::family(2)->alwaysEnableAccessDate());
+  EXPECT_TRUE(FormatSettings::family(3)->alwaysEnableAccessDate());
 }
 
-TEST(SettingsFileTest, MissingMembersFailAsOnAHostWithoutThem) {
-  SettingsFile settings(
+TEST(FormatSettingsTest, MissingMembersFailAsOnAHostWithoutThem) {
+  FormatSettings settings(
       Json{{"Format", 2}, {"outputTemplates", {{"13", {{"urlPrefixes", {"doi:"}}}}}}}, "inline");
   EXPECT_EQ(settings.Format(), 2);
   EXPECT_EQ(errorOf([&] { settings.accessDateFormat(); }), kMemberNotSupported);
@@ -51,4 +51,4 @@ TEST(SettingsFileTest, MissingMembersFailAsOnAHostWithoutThem) {
 }
 
 }  // namespace
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

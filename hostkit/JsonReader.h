@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "host/Json.h"
+#include "hostkit/Json.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 
 // Reads the program's JSON input: scenarios, value files and format
 // settings. Anything the parser would take only in part is refused with a
@@ -23,4 +23,4 @@ class JsonReader {
   static Json read(const std::filesystem::path& path, const std::string& what);
 };
 
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

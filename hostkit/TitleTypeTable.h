@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace kelmora::tools {
+namespace kelmora::host {
 
 // The host's translation between the caption of a title label and the
 // title type it stores. The frames ask with category 3 for an article or
@@ -38,4 +38,4 @@ class TitleTypeTable {
   static std::string TitleTypeToCaption(int16_t category, const std::string& titleType);
 };
 
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

@@ -5,11 +5,11 @@
 #include <memory>
 #include <string>
 
-#include "host/Json.h"
+#include "hostkit/Json.h"
 
 #include "surface/FormatterSettings.h"
 
-namespace kelmora::tools {
+namespace kelmora::host {
 
 // A citation format's settings read from JSON: one member per key, named
 // exactly as the library reads it. A member the file leaves out fails with
@@ -19,14 +19,14 @@ namespace kelmora::tools {
 // wrong kind are refused when the file is read.
 //
 //   {"Format": 2, "accessDateFormat": "d mmmm yyyy", "alwaysEnableAccessDate": false}
-class SettingsFile : public FormatterSettings {
+class FormatSettings : public FormatterSettings {
  public:
   // Checks the members; `origin` names the source in messages.
-  SettingsFile(Json members, const std::string& origin);
+  FormatSettings(Json members, const std::string& origin);
 
   // The settings from a file, or from a family shipped with the program.
-  static std::shared_ptr<SettingsFile> load(const std::filesystem::path& path);
-  static std::shared_ptr<SettingsFile> family(int32_t number);
+  static std::shared_ptr<FormatSettings> load(const std::filesystem::path& path);
+  static std::shared_ptr<FormatSettings> family(int32_t number);
 
   const Json& members() const { return mMembers; }
 
@@ -55,4 +55,4 @@ class SettingsFile : public FormatterSettings {
   Json mMembers;
 };
 
-}  // namespace kelmora::tools
+}  // namespace kelmora::host

@@ -1,0 +1,117 @@
+#include "hostkit/Record.h"
+
+#include <algorithm>
+
+#include "hosting/FrameContainer.h"
+#include "hosting/Main2.h"
+#include "hostkit/BadInput.h"
+#include "model/Model.h"
+#include "platform/Dictionary.h"
+#include "platform/Strings.h"
+#include "platform/Variant.h"
+#include "proxy/FrameProxy.h"
+#include "surface/CheckBox.h"
+#include "surface/ComboBox.h"
+#include "surface/Label.h"
+#include "surface/OptionButton.h"
+#include "surface/TextBox.h"
+
+namespace kelmora::host {
+
+Record::Record(Main2& main, int16_t whichType) : mWhichType(whichType) {
+  auto model = main.Model(whichType);
+  if (!model)
+    throw BadInput("reference type " + std::to_string(whichType) + " has no field catalogue");
+  auto keys = model->keyToInternalIndex();
+  int32_t size = 0;
+  for (int32_t i = 0; i < keys->Count(); ++i)
+    size = std::max<int32_t>(size, keys->ItemAt(i).toLong() + 1);
+  mKeys.assign(static_cast<size_t>(size), "");
+  mValues.assign(static_cast<size_t>(size), "");
+  for (int32_t i = 0; i < keys->Count(); ++i)
+    mKeys[static_cast<size_t>(keys->ItemAt(i).toLong())] = keys->KeyAt(i);
+}
+
+Record Record::newReference(Main2& main, int16_t whichType) {
+  Record record(main, whichType);
+  // The defaults: pairs of internal index and value in the model's second
+  // setting.
+  const std::vector<std::string> defaults = Strings::Split(main.Model(whichType)->setting(1), ",");
+  for (size_t i = 0; i + 1 < defaults.size(); i += 2) {
+    double index = -1;
+    if (Variant::parseNumber(defaults[i], index) && index >= 0 &&
+        index < static_cast<double>(record.mValues.size()))
+      record.mValues[static_cast<size_t>(index)] = defaults[i + 1];
+  }
+  return record;
+}
+
+Record Record::fromValues(Main2& main, int16_t whichType, std::vector<std::string> values) {
+  Record record(main, whichType);
+  if (values.size() > record.mValues.size()) {
+    throw BadInput("reference type " + std::to_string(whichType) + " has " +
+                   std::to_string(record.mValues.size()) + " fields, not " +
+                   std::to_string(values.size()));
+  }
+  values.resize(record.mValues.size());
+  record.mValues = std::move(values);
+  return record;
+}
+
+Record Record::fromWidgets(const FrameContainer& container, int16_t whichType, Record base) {
+  auto proxy = container.existingProxy(whichType);
+  auto* frame = proxy ? dynamic_cast<const UserControl*>(proxy->frame().get()) : nullptr;
+  if (frame == nullptr)
+    return base;
+  for (const auto& widget : frame->Controls()) {
+    const std::string key = fieldKey(*widget);
+    // Captions and layout widgets carry keys too, but only fields count.
+    if (!key.empty() && base.has(key))
+      base.set(key, shownValue(*widget));
+  }
+  return base;
+}
+
+size_t Record::position(std::string_view key) const {
+  auto found = std::find(mKeys.begin(), mKeys.end(), key);
+  if (key.empty() || found == mKeys.end()) {
+    throw BadInput("'" + std::string(key) + "' is no field key of reference type " +
+                   std::to_string(mWhichType));
+  }
+  return static_cast<size_t>(found - mKeys.begin());
+}
+
+bool Record::has(std::string_view key) const {
+  return !key.empty() && std::find(mKeys.begin(), mKeys.end(), key) != mKeys.end();
+}
+
+const std::string& Record::get(std::string_view key) const {
+  return mValues[position(key)];
+}
+
+void Record::set(std::string_view key, std::string value) {
+  mValues[position(key)] = std::move(value);
+}
+
+std::string Record::shownValue(const Widget& widget) {
+  if (auto* box = dynamic_cast<const TextBox*>(&widget))
+    return box->Text();
+  if (auto* combo = dynamic_cast<const ComboBox*>(&widget))
+    return combo->Text();
+  if (auto* label = dynamic_cast<const Label*>(&widget))
+    return label->Caption();
+  if (auto* option = dynamic_cast<const OptionButton*>(&widget))
+    return option->Value() ? "True" : "False";
+  if (auto* check = dynamic_cast<const CheckBox*>(&widget))
+    return std::to_string(check->Value());
+  return {};
+}
+
+std::string Record::fieldKey(const Widget& widget) {
+  const std::string& tag = widget.Tag();
+  if (tag.empty() || tag.starts_with("vIgnore_"))
+    return {};
+  return tag.substr(0, tag.find(','));
+}
+
+}  // namespace kelmora::host
