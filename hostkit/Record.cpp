@@ -58,9 +58,30 @@ Record Record::fromValues(Main2& main, int16_t whichType, std::vector<std::strin
   return record;
 }
 
-Record Record::fromWidgets(const FrameContainer& container, int16_t whichType, Record base) {
+namespace {
+
+const UserControl* frameOf(const FrameContainer& container, int16_t whichType) {
   auto proxy = container.existingProxy(whichType);
-  auto* frame = proxy ? dynamic_cast<const UserControl*>(proxy->frame().get()) : nullptr;
+  return proxy ? dynamic_cast<const UserControl*>(proxy->frame().get()) : nullptr;
+}
+
+}  // namespace
+
+std::shared_ptr<Widget> Record::widgetOf(const FrameContainer& container, int16_t whichType,
+                                         std::string_view key) {
+  const auto* frame = frameOf(container, whichType);
+  if (frame == nullptr)
+    return nullptr;
+  for (const auto& widget : frame->Controls()) {
+    const bool caption = widget->ClassName() == "Label" && !widget->Name().ends_with("ComboLabel");
+    if (!caption && fieldKey(*widget) == key)
+      return widget;
+  }
+  return nullptr;
+}
+
+Record Record::fromWidgets(const FrameContainer& container, int16_t whichType, Record base) {
+  const auto* frame = frameOf(container, whichType);
   if (frame == nullptr)
     return base;
   for (const auto& widget : frame->Controls()) {

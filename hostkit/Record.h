@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +49,11 @@ class Record {
   static std::string shownValue(const Widget& widget);
   // The field key of a widget's tag, or empty for a widget that is no field.
   static std::string fieldKey(const Widget& widget);
+  // The widget that holds a field on the frame of a type, where the frame
+  // has been made: a text box, list, option, check box or combo label, not
+  // the caption beside it.
+  static std::shared_ptr<Widget> widgetOf(const FrameContainer& container, int16_t whichType,
+                                          std::string_view key);
 
  private:
   Record(Main2& main, int16_t whichType);

@@ -18,17 +18,6 @@ namespace {
 
 using kelmora::testing::onFreshThread;
 
-// The widget of a field key on the frame of a type.
-std::shared_ptr<Widget> fieldWidget(FrameContainer& container, int16_t whichType,
-                                    const std::string& key) {
-  auto frame = std::dynamic_pointer_cast<UserControl>(container.existingProxy(whichType)->frame());
-  for (const auto& widget : frame->Controls()) {
-    if (Record::fieldKey(*widget) == key && widget->ClassName() != "Label")
-      return widget;
-  }
-  return nullptr;
-}
-
 std::vector<std::string> emptyComboLabels(FrameContainer& container, int16_t whichType) {
   std::vector<std::string> empty;
   auto frame = std::dynamic_pointer_cast<UserControl>(container.existingProxy(whichType)->frame());
@@ -68,7 +57,8 @@ TEST(HostTest, AFirstHostLoadsABookTypesAUrlAndReadsItBack) {
     book.set("v6_WebsiteOption", "True");
     host.load(book);
     const int loaded = heard->changes;
-    auto online = std::dynamic_pointer_cast<TextBox>(fieldWidget(host.container(), 0, "Online"));
+    auto online =
+        std::dynamic_pointer_cast<TextBox>(Record::widgetOf(host.container(), 0, "Online"));
     ASSERT_NE(online, nullptr);
     EXPECT_TRUE(online->isShowing());
     UserActions::typeInto(*online, "https://tides.example.org");
