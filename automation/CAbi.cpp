@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "automation/CGuard.h"
 #include "automation/CVariants.h"
 #include "automation/ClassFactory.h"
 #include "automation/Dispatcher.h"
@@ -19,12 +20,12 @@
 #include "diagnostics/BridgeToVB.h"
 #include "platform/RunningObjectTable.h"
 #include "platform/RuntimeError.h"
-#include "surface/Focus.h"
-#include "surface/TextBox.h"
-#include "surface/UserActions.h"
 #include "surface/UserControl.h"
 
 using kelmora::RuntimeError;
+using kelmora::cabi::guarded;
+using kelmora::cabi::objectOf;
+using kelmora::cabi::typed;
 
 namespace {
 
@@ -33,36 +34,6 @@ constexpr kelmora::Guid kClassFactoryInterface =
 constexpr kelmora::Guid kBaseInterface =
     kelmora::Guid::parse("{00000000-0000-0000-C000-000000000046}");
 
-int32_t fail(kelmora_error* error, int32_t number, const std::string& description) {
-  kelmora_error_set(error, number, description.c_str());
-  return number;
-}
-
-template <typename Body>
-int32_t guarded(kelmora_error* error, Body&& body) {
-  try {
-    body();
-    return 0;
-  } catch (const RuntimeError& failure) {
-    return fail(error, failure.Number(), failure.Description());
-  } catch (const std::bad_alloc&) {
-    return fail(error, 7, "Out of memory");
-  } catch (const std::exception& failure) {
-    // Nothing but RuntimeError is meant to leave the library; should
-    // anything else, the host still hears of it.
-    return fail(error, kelmora::kInvalidProcedureCall, failure.what());
-  } catch (...) {
-    // No C++ exception may cross into a C host, whatever threw it.
-    return fail(error, kelmora::kInvalidProcedureCall, "A failure of no known kind");
-  }
-}
-
-kelmora::Object& objectOf(kelmora_object* handle) {
-  if (handle == nullptr || !handle->object)
-    throw RuntimeError(kelmora::kObjectNotSet);
-  return *handle->object;
-}
-
 kelmora::Guid guidOf(const kelmora_guid& c) {
   kelmora::Guid guid;
   guid.Data1 = c.data1;
@@ -70,17 +41,6 @@ kelmora::Guid guidOf(const kelmora_guid& c) {
   guid.Data3 = c.data3;
   std::memcpy(guid.Data4.data(), c.data4, 8);
   return guid;
-}
-
-// The object behind a handle, held for the call: the host may release the
-// handle from inside it.
-template <typename T>
-std::shared_ptr<T> typed(kelmora_object* handle) {
-  objectOf(handle);
-  auto found = std::dynamic_pointer_cast<T>(handle->object);
-  if (!found)
-    throw RuntimeError(kelmora::kTypeMismatch);
-  return found;
 }
 
 }  // namespace
@@ -217,22 +177,6 @@ int32_t kelmora_control_site(kelmora_object* control, const char* name, kelmora_
 
 int32_t kelmora_control_close(kelmora_object* control, kelmora_error* error) {
   return guarded(error, [&] { typed<kelmora::UserControl>(control)->terminate(); });
-}
-
-int32_t kelmora_user_focus(kelmora_object* widget, kelmora_error* error) {
-  return guarded(error, [&] { kelmora::UserActions::focus(*typed<kelmora::Widget>(widget)); });
-}
-
-int32_t kelmora_user_type(kelmora_object* widget, const char* text, kelmora_error* error) {
-  return guarded(error, [&] {
-    if (text == nullptr)
-      throw RuntimeError(kelmora::kInvalidProcedureCall);
-    kelmora::UserActions::typeInto(*typed<kelmora::TextBox>(widget), text);
-  });
-}
-
-int32_t kelmora_user_focus_away(kelmora_error* error) {
-  return guarded(error, [&] { kelmora::UserActions::focusAway(); });
 }
 
 }  // extern "C"

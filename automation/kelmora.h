@@ -166,6 +166,66 @@ int32_t kelmora_control_close(kelmora_object* control, kelmora_error* error);
 int32_t kelmora_user_focus(kelmora_object* widget, kelmora_error* error);
 int32_t kelmora_user_type(kelmora_object* widget, const char* text, kelmora_error* error);
 int32_t kelmora_user_focus_away(kelmora_error* error);
+/* Select all and delete in a text box: one change, if there was text. */
+int32_t kelmora_user_clear(kelmora_object* text_box, kelmora_error* error);
+/* Pick an entry of a combo box by its index, or by its exact text (no
+   such entry fails with 380). */
+int32_t kelmora_user_select_index(kelmora_object* combo_box, int16_t index, kelmora_error* error);
+int32_t kelmora_user_select_text(kelmora_object* combo_box, const char* text,
+                                 kelmora_error* error);
+/* Click an option button (it becomes the chosen one) or a check box (it
+   toggles; the third state becomes unchecked). Any other widget fails
+   with 13. */
+int32_t kelmora_user_click(kelmora_object* widget, kelmora_error* error);
+/* Click a check box until it shows `value`, 0 unchecked or 1 checked, so
+   nothing changes when it already does. A user cannot reach the third
+   state: 2 fails with 380. */
+int32_t kelmora_user_check(kelmora_object* check_box, int16_t value, kelmora_error* error);
+/* The pointer rests on the middle of a widget; whatever lies on top there
+   and is enabled receives the move. */
+int32_t kelmora_user_mouse_move(kelmora_object* widget, kelmora_error* error);
+/* Drop the host's drag data (an object answering GetFormat, GetData,
+   SetData and Clear) on a widget. `left` (may be NULL) receives one
+   reference to the data as the handlers left it. */
+int32_t kelmora_user_drop(kelmora_object* widget, kelmora_object* data, kelmora_object** left,
+                          kelmora_error* error);
+
+/* Message boxes of the calling thread. The library shows a message box
+   (a text with an OK button, no title) without waiting for anybody: each
+   one goes to `show` with `context` and the UTF-8 text. NULL puts back the
+   default, which writes the text and a line end to standard error. */
+typedef void (*kelmora_message_box)(void* context, const char* text);
+int32_t kelmora_set_message_box(kelmora_message_box show, void* context, kelmora_error* error);
+
+/* The type library, read rather than copied: *out (cleared first)
+   receives nested arrays of variants, every name and identifier a string,
+   every number a 32-bit integer.
+
+     out          [name, identifier, major version, minor version,
+                   classes, interfaces, toolkit interfaces]
+     a class      [name, class identifier, kind, default interface name]
+     an interface [name, interface identifier, members]
+     a member     [name, dispatch id, invoke kind, arguments, result type]
+     an argument  [name, type, optional (boolean), default]
+
+   Identifiers read "{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}". A class's kind
+   is one of KELMORA_CLASS_*. The invoke kind is KELMORA_METHOD,
+   KELMORA_PROPERTY_GET or KELMORA_PROPERTY_PUT; a property that can be
+   read and written has one member of each kind under one dispatch id. A
+   type is one of "Integer", "Long", "Boolean", "String", "Variant",
+   "Object", "String()", "Integer()", "Dictionary", "DataObject", "Model",
+   or "" for a member without a result. The default of a required argument
+   is empty; of an optional one, what it takes when omitted (Nothing is an
+   object variant holding NULL). The toolkit interfaces (Widget, Controls,
+   ControlWrapper, Dictionary) are no part of the type library and have
+   the identifier "": they are the members a form's widgets, a widget
+   collection, a control wrapper and a model's key map answer. */
+enum { KELMORA_CLASS_CREATABLE = 0, KELMORA_CLASS_CONTROL = 1, KELMORA_CLASS_NOT_CREATABLE = 2 };
+int32_t kelmora_type_info(kelmora_variant* out, kelmora_error* error);
+/* The names of the interfaces a library object answers through, its own
+   first, as an array of strings in *out (cleared first); a name found
+   first in an earlier interface is the one called. */
+int32_t kelmora_interfaces_of(kelmora_object* object, kelmora_variant* out, kelmora_error* error);
 
 /* Variants and errors. */
 void kelmora_variant_init(kelmora_variant* variant);
