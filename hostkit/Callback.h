@@ -2,8 +2,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "platform/Variant.h"
 #include "surface/HostCallback.h"
 
 namespace kelmora {
@@ -21,8 +24,14 @@ namespace kelmora::host {
 // unanswered: the load ends with an evaluation of all rules anyway.
 //
 // An override that still wants the default answer calls the base member.
+// A host that only wants to hear the calls overrides `heard`.
 class Callback : public HostCallback {
  public:
+  struct Argument {
+    const char* name;
+    Variant value;
+  };
+
   // The container whose changes are answered; not owned. Host sets it.
   void answerFor(std::weak_ptr<FrameContainer> container) { mContainer = std::move(container); }
   void answerChanges(bool value) { mAnswerChanges = value; }
@@ -44,6 +53,11 @@ class Callback : public HostCallback {
   void HandleDateExit(std::shared_ptr<Object>& field, bool isAccessDate) override;
 
  protected:
+  // Every call of the library on this callback, with its arguments by name
+  // as they came and, for the two title lookups, the answer; before the
+  // call is answered.
+  virtual void heard(std::string_view /*member*/, std::span<const Argument> /*arguments*/,
+                     const std::string* /*answer*/) {}
   // Called with the type and field about to be evaluated, before the call.
   virtual void answering(int16_t /*whichType*/, int16_t /*Index*/) {}
 

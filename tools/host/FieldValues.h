@@ -9,7 +9,6 @@
 namespace kelmora {
 class FrameContainer;
 class Main2;
-class Widget;
 }  // namespace kelmora
 
 namespace kelmora::tools {

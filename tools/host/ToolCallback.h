@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "host/Kit.h"
 #include "hostkit/Callback.h"
@@ -18,26 +20,15 @@ class ToolCallback : public host::Callback {
  public:
   explicit ToolCallback(EventSink& sink) : mSink(sink) {}
 
-  void widgetChangeHandler(bool& isKeyField, int16_t& Index, std::string& value,
-                           std::shared_ptr<Object>& theControl,
-                           std::shared_ptr<Object>& theSecondControl, std::string& secondaryText,
-                           bool suppressShowSubform, int16_t& toggleSecondIndex) override;
-  std::string CaptionToTitleType(int16_t& whichType, std::string& text) override;
-  std::string TitleTypeToCaption(int16_t& whichType, std::string& text) override;
-  void OptionButtonChanged(int16_t& whichType, int16_t& Index) override;
-  void HandleMouseMove(std::shared_ptr<Object>& field, bool& isNewspaperSection) override;
-  void HandleDragDrop(std::shared_ptr<DataObject>& Data) override;
-  void HideSubform() override;
-  void ProcessTextField(std::shared_ptr<Object>& field, int16_t& whichType,
-                        bool& alreadyPreprocessed, bool& suppressSubformHiding,
-                        std::string& secondaryText) override;
-  void HandleDateExit(std::shared_ptr<Object>& field, bool isAccessDate) override;
-
-  // How an object travels in an event: a widget as "Name(Index)" or its
-  // name, anything else by its class, nothing as null.
+  // How a value travels in an event: a widget as "Name(Index)" or its
+  // name, another object by its class, nothing as null, texts, numbers and
+  // truth values as themselves.
+  static Json describe(const Variant& value);
   static Json describe(const std::shared_ptr<Object>& object);
 
  protected:
+  void heard(std::string_view member, std::span<const Argument> arguments,
+             const std::string* answer) override;
   void answering(int16_t whichType, int16_t Index) override;
 
  private:

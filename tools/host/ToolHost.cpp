@@ -11,30 +11,11 @@ namespace kelmora::tools {
 
 namespace {
 
-Json toJson(const Variant& value) {
-  switch (value.kind()) {
-    case Variant::Kind::Empty:
-      return nullptr;
-    case Variant::Kind::Boolean:
-      return value.toBoolean();
-    case Variant::Kind::Integer:
-    case Variant::Kind::Long:
-      return value.toLong();
-    case Variant::Kind::Single:
-      return value.toSingle();
-    case Variant::Kind::String:
-      return value.toString();
-    case Variant::Kind::Object:
-      return value.typeName();
-  }
-  return nullptr;
-}
-
 std::shared_ptr<host::Tracing> toldTracing(EventSink& sink, int32_t answer) {
   auto tracing = std::make_shared<host::Tracing>(answer);
   tracing->onFailure = [&sink](const host::Failure& failure) {
     Json locals = Json::object();
-    for (const auto& [name, value] : failure.locals) locals[name] = toJson(value);
+    for (const auto& [name, value] : failure.locals) locals[name] = ToolCallback::describe(value);
     sink.emit({{"failure",
                 {{"procedure", failure.procedure},
                  {"line", failure.line},
