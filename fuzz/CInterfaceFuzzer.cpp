@@ -110,6 +110,15 @@ struct Session {
 
   Session(const uint8_t* bytes, size_t size) : data(bytes, size) {}
 
+  static void messageBox(void* context, const char*) {
+    auto& session = *static_cast<Session*>(context);
+    if (session.depth < 3 && session.data.remaining_bytes() > 0 && session.data.ConsumeBool()) {
+      ++session.depth;
+      session.act();
+      --session.depth;
+    }
+  }
+
   kelmora_object* make(Kind kind, kelmora_object* control = nullptr) {
     ++liveHostObjects;
     return kelmora_host_object(&kVtable, new HostObject{kind, this, control});
@@ -235,7 +244,47 @@ struct Session {
         kelmora_user_type(anyHeld(), data.ConsumeRandomLengthString(8).c_str(), &error);
         break;
       case 5:
-        kelmora_user_focus_away(&error);
+        switch (data.ConsumeIntegralInRange<int>(0, 9)) {
+          case 0:
+            kelmora_user_focus_away(&error);
+            break;
+          case 1:
+            kelmora_user_clear(anyHeld(), &error);
+            break;
+          case 2:
+            kelmora_user_select_index(anyHeld(), data.ConsumeIntegral<int16_t>(), &error);
+            break;
+          case 3:
+            kelmora_user_select_text(anyHeld(), data.ConsumeRandomLengthString(8).c_str(), &error);
+            break;
+          case 4:
+            kelmora_user_click(anyHeld(), &error);
+            break;
+          case 5:
+            kelmora_user_check(anyHeld(), data.ConsumeIntegral<int16_t>(), &error);
+            break;
+          case 6:
+            kelmora_user_mouse_move(anyHeld(), &error);
+            break;
+          case 7: {
+            kelmora_object* left = nullptr;
+            kelmora_user_drop(anyHeld(), anyHeld(), &left, &error);
+            kelmora_release(left);
+            break;
+          }
+          case 8: {
+            kelmora_variant out;
+            kelmora_variant_init(&out);
+            kelmora_interfaces_of(anyHeld(), &out, &error);
+            kelmora_variant_clear(&out);
+            break;
+          }
+          default:
+            // Message boxes go to the host, which may call back in too.
+            kelmora_set_message_box(data.ConsumeBool() ? &Session::messageBox : nullptr, this,
+                                    &error);
+            break;
+        }
         break;
       case 6:
         call(anyHeld(),
@@ -397,6 +446,13 @@ struct Session {
     kelmora_release(bridge);
     kelmora_error_clear(&error);
 
+    {
+      kelmora_variant info;
+      kelmora_variant_init(&info);
+      kelmora_type_info(&info, &error);
+      kelmora_variant_clear(&info);
+      kelmora_error_clear(&error);
+    }
     kelmora_object* factory = nullptr;
     kelmora_object* main = nullptr;
     if (DllGetClassObject(&kClassIds[0], &kClassFactory, &factory) == 0) {
@@ -445,6 +501,8 @@ struct Session {
     for (auto* object : held) kelmora_release(object);
     held.clear();
     kelmora_revoke_running_object(kBridge, &error);
+    kelmora_error_clear(&error);
+    kelmora_set_message_box(nullptr, nullptr, &error);
     kelmora_error_clear(&error);
     kelmora_release(tracing);
     tracing = nullptr;
