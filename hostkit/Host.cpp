@@ -6,6 +6,7 @@
 #include "hostkit/Callback.h"
 #include "hostkit/Tracing.h"
 #include "hostkit/TracingBridge.h"
+#include "platform/Late.h"
 #include "platform/RunningObjectTable.h"
 #include "platform/RuntimeError.h"
 #include "surface/ControlWrapper.h"
@@ -50,32 +51,32 @@ Host::~Host() {
 }
 
 void Host::show(int16_t whichType) {
-  mContainer->SetVisibleFrame(whichType);
+  Late::object(mContainer).SetVisibleFrame(whichType);
   mShown = whichType;
 }
 
 void Host::applyFormat(std::shared_ptr<FormatterSettings> settings) {
-  mMain->ChangeFormatType(mShown);
-  mContainer->ToggleFormatDependentWidgets(mShown, std::move(settings));
+  Late::object(mMain).ChangeFormatType(mShown);
+  Late::object(mContainer).ToggleFormatDependentWidgets(mShown, std::move(settings));
 }
 
 Record Host::newRecord(std::optional<int16_t> whichType) {
-  return Record::newReference(*mMain, whichType.value_or(mShown));
+  return Record::newReference(Late::object(mMain), whichType.value_or(mShown));
 }
 
 void Host::load(Record& record, int16_t option, bool showAllFields) {
   {
     const Loading loading(*mCallback);
-    mContainer->SynchronizeFieldsWithModel(record.whichType(), record.values());
+    Late::object(mContainer).SynchronizeFieldsWithModel(record.whichType(), record.values());
   }
   mLoaded = record;
   if (record.whichType() == mShown)
-    mContainer->UpdateFrame(option, showAllFields);
+    Late::object(mContainer).UpdateFrame(option, showAllFields);
 }
 
 Record Host::read() {
   Record base = mLoaded && mLoaded->whichType() == mShown ? *mLoaded : newRecord(mShown);
-  return Record::fromWidgets(*mContainer, mShown, std::move(base));
+  return Record::fromWidgets(Late::object(mContainer), mShown, std::move(base));
 }
 
 void Host::end() {

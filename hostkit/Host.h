@@ -69,7 +69,8 @@ class Host {
   // record last loaded.
   Record read();
   // Takes the container off the form and lets go of everything. The first
-  // failure of the container's end is raised once all is released.
+  // failure of the container's end is raised once all is released. After
+  // the end every call above fails with 91, as a call on nothing does.
   void end();
 
   Main2& main() const { return *mMain; }

@@ -7,6 +7,7 @@
 #include "hostkit/Callback.h"
 #include "hostkit/FormatSettings.h"
 #include "hostkit/Tracing.h"
+#include "platform/RuntimeError.h"
 #include "proxy/FrameProxy.h"
 #include "support/FreshThread.h"
 #include "surface/Label.h"
@@ -69,6 +70,12 @@ TEST(HostTest, AFirstHostLoadsABookTypesAUrlAndReadsItBack) {
     EXPECT_EQ(now.get("v6_WebsiteOption"), "True");
     host.end();
     EXPECT_EQ(failures, std::vector<std::string>{});
+    try {
+      host.show(1);
+      ADD_FAILURE() << "an ended host shows nothing";
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Number(), kObjectNotSet);
+    }
   });
 }
 
