@@ -20,9 +20,9 @@ namespace kelmora::host {
 
 Record::Record(Main2& main, int16_t whichType) : mWhichType(whichType) {
   auto model = main.Model(whichType);
-  if (!model)
+  auto keys = model ? model->keyToInternalIndex() : nullptr;
+  if (!keys || keys->Count() == 0)
     throw BadInput("reference type " + std::to_string(whichType) + " has no field catalogue");
-  auto keys = model->keyToInternalIndex();
   int32_t size = 0;
   for (int32_t i = 0; i < keys->Count(); ++i)
     size = std::max<int32_t>(size, keys->ItemAt(i).toLong() + 1);

@@ -106,6 +106,8 @@ TEST(HostTest, ARecordRefusesWhatItsTypeDoesNotHave) {
     EXPECT_THROW(record.set("Publisher", "x"), BadInput);  // a book's field
     EXPECT_THROW(record.get(""), BadInput);
     EXPECT_THROW(Record::fromValues(host.main(), 1, std::vector<std::string>(200)), BadInput);
+    for (int16_t whichType : {int16_t{2}, int16_t{3}, int16_t{5}})
+      EXPECT_THROW(host.newRecord(whichType), BadInput) << whichType;
     EXPECT_EQ(record.keys().size(), record.values().size());
     EXPECT_EQ(Record::fromValues(host.main(), 1, record.values()).values(), record.values());
   });
