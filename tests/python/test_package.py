@@ -24,6 +24,17 @@ def test_members_are_called_read_and_written_as_declared(library):
         assert failure.value.number == 449
 
 
+def test_main2_used_after_its_container_ended_still_lets_the_library_unload(library):
+    # The fixture requires "can unload now" once Main2 is released and the
+    # bridge revoked; here Main2 outlives the container it built.
+    with library.container() as container:
+        container.SetVisibleFrame(kelmora.PERIODICAL)
+        container.ToggleFormatDependentWidgets(1, kelmora.FormatSettings.family(2))
+    library.main.ChangeFormatType(kelmora.PERIODICAL)
+    with library.main.Model(kelmora.ESOURCE) as model:
+        assert isinstance(model.KeyIndex, int)
+
+
 def test_a_record_keeps_catalogue_order_defaults_and_refuses_unknown_keys(library):
     with library.main.Model(kelmora.PERIODICAL) as model:
         record = kelmora.Record(model, {"PeriodicalTitle": "Nature"})
