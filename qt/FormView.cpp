@@ -17,6 +17,7 @@
 #include <QSignalBlocker>
 
 #include "platform/RuntimeError.h"
+#include "qt/FormFont.h"
 #include "qt/FrameBox.h"
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
@@ -62,20 +63,13 @@ class Syncing {
   bool mFormer;
 };
 
-// The form's font: the toolkit has no font of its own, and its forms are
-// laid out for a small sans-serif face, the size the SVG picture uses.
-constexpr int kFontPixels = 10;
-
 }  // namespace
 
 // --- Construction and lifetime ---------------------------------------------
 
 FormView::FormView(UserControl& root, QWidget* parent)
     : QWidget(parent), mRoot(root.weak_from_this()) {
-  QFont face = font();
-  face.setFamily(QStringLiteral("DejaVu Sans"));
-  face.setPixelSize(kFontPixels);
-  setFont(face);
+  applyFont();
   setAutoFillBackground(true);
   QPalette colours = palette();
   colours.setColor(QPalette::Window, qColor(kColorButtonFace));
@@ -135,6 +129,31 @@ QWidget* FormView::counterpart(const Widget& widget) const {
 std::shared_ptr<Widget> FormView::mirrored(const QWidget* view) const {
   const auto found = mWidgets.find(view);
   return found == mWidgets.end() ? nullptr : found->second.lock();
+}
+
+void FormView::setZoom(double factor) {
+  factor = std::clamp(factor, kMinZoom, kMaxZoom);
+  if (factor == mZoom)
+    return;
+  mZoom = factor;
+  applyFont();
+  for (const auto& [view, weak] : mWidgets) {
+    if (auto widget = weak.lock())
+      syncGeometry(*widget);
+  }
+  update();
+}
+
+QSize FormView::designSize() const {
+  auto control = root();
+  if (!control)
+    return size();
+  const SurfaceRect rect = control->surfaceRect();
+  return {qRound(rect.width), qRound(rect.height)};
+}
+
+void FormView::applyFont() {
+  setFont(FormFont::at(mZoom, logicalDpiY()));
 }
 
 // --- Counterparts ------------------------------------------------------------
@@ -392,7 +411,8 @@ void FormView::syncGeometry(Widget& widget) {
     rect.left -= inside.left;
     rect.top -= inside.top;
   }
-  const QRect pixels(qRound(rect.left), qRound(rect.top), qRound(rect.width), qRound(rect.height));
+  const QRect pixels(qRound(rect.left * mZoom), qRound(rect.top * mZoom),
+                     qRound(rect.width * mZoom), qRound(rect.height * mZoom));
   // The form takes the size its user control has, whatever the layout
   // around it would give it.
   if (view == this)

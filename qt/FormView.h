@@ -46,6 +46,15 @@ class FormView : public QWidget, private PropertyObserver {
   FormView(const FormView&) = delete;
   FormView& operator=(const FormView&) = delete;
 
+  // Scales the form, geometry and font together: 1 is the design size, a
+  // pixel for each 15 twips. Factors are held between kMinZoom and kMaxZoom.
+  void setZoom(double factor);
+  double zoom() const { return mZoom; }
+  // The form's size at zoom 1.
+  QSize designSize() const;
+  static constexpr double kMinZoom = 0.25;
+  static constexpr double kMaxZoom = 8.0;
+
   // The Qt counterpart of a toolkit widget; nullptr when it has none.
   QWidget* counterpart(const Widget& widget) const;
   // The toolkit widget a counterpart mirrors; nothing for other widgets.
@@ -92,7 +101,10 @@ class FormView : public QWidget, private PropertyObserver {
   // True for the form, its counterparts and the popups they open.
   bool holds(const QWidget* widget) const;
 
+  void applyFont();
+
   std::weak_ptr<Widget> mRoot;
+  double mZoom = 1.0;
   QMetaObject::Connection mFocusChanges;
   // Counterparts by toolkit widget, and the other way round.
   std::unordered_map<const Widget*, QPointer<QWidget>> mViews;
