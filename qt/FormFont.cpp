@@ -32,9 +32,16 @@ QFont FormFont::at(double zoom, int dpi) {
   addOnce();
   QFont font(family());
   font.setStyleHint(QFont::SansSerif);
-  // Advances as the font designs them, unhinted, so that a caption takes
-  // the same width at every zoom and in the SVG picture.
-  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setKerning(false);
+  if (zoom == 1.0) {
+    // At the design size the font draws from its own 11-pixel bitmaps, with
+    // the whole-pixel advances the forms were laid out for; Qt takes them
+    // only for hinted text that is not smoothed.
+    font.setHintingPreference(QFont::PreferFullHinting);
+    font.setStyleStrategy(QFont::NoAntialias);
+  } else {
+    font.setHintingPreference(QFont::PreferNoHinting);
+  }
   font.setPointSizeF(kDesignPixels * zoom * 72.0 / (dpi > 0 ? dpi : 96));
   return font;
 }

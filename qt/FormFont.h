@@ -15,8 +15,9 @@ class FormFont {
 
   static QString family();
   // The font at `zoom` times the design size, for a screen of `dpi`
-  // logical dots per inch. Sizes are fractional, so that a scaled form
-  // keeps its proportions.
+  // logical dots per inch: at zoom 1 the font's bitmaps, as the forms were
+  // designed; otherwise smoothed outlines at a fractional size, so that a
+  // scaled form keeps its proportions.
   static QFont at(double zoom, int dpi);
   // True when Tahoma itself is what Qt draws with.
   static bool isAvailable();

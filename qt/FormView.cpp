@@ -17,11 +17,13 @@
 #include <QSignalBlocker>
 
 #include "platform/RuntimeError.h"
+#include "qt/CaptionLabel.h"
 #include "qt/FormFont.h"
 #include "qt/FrameBox.h"
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
 #include "surface/DataObject.h"
+#include "surface/FieldLabels.h"
 #include "surface/Focus.h"
 #include "surface/Frame.h"
 #include "surface/Label.h"
@@ -83,6 +85,7 @@ FormView::FormView(UserControl& root, QWidget* parent)
   // The user control as it stands, not only as it will change.
   syncAll(root);
   reconcile(root);
+  refreshNames();
   syncFocus();
   // Focus that leaves the form for the rest of the window leaves the
   // library's forms; a window that only loses activation keeps its focus.
@@ -224,9 +227,7 @@ QWidget* FormView::create(Widget& widget) {
     });
     view = check;
   } else if (dynamic_cast<Label*>(&widget) != nullptr) {
-    auto* label = new QLabel(container);
-    label->setTextFormat(Qt::PlainText);
-    view = label;
+    view = new CaptionLabel(container);
   } else if (dynamic_cast<Frame*>(&widget) != nullptr) {
     view = new FrameBox(container);
   } else {
@@ -285,8 +286,10 @@ void FormView::release(const Widget* widget) {
 
 void FormView::propertyChanged(Widget& widget, WidgetProperty property) {
   if (property == WidgetProperty::Controls) {
-    if (auto* control = dynamic_cast<UserControl*>(&widget))
+    if (auto* control = dynamic_cast<UserControl*>(&widget)) {
       reconcile(*control);
+      refreshNames();
+    }
     return;
   }
   if (property == WidgetProperty::Focus) {
@@ -294,6 +297,36 @@ void FormView::propertyChanged(Widget& widget, WidgetProperty property) {
     return;
   }
   sync(widget, property);
+  // A field is named by the label beside it, so a label's caption, place
+  // or visibility can rename its neighbours.
+  switch (property) {
+    case WidgetProperty::Caption:
+    case WidgetProperty::ToolTipText:
+    case WidgetProperty::Visible:
+    case WidgetProperty::Left:
+    case WidgetProperty::Top:
+    case WidgetProperty::Width:
+    case WidgetProperty::Height:
+      refreshNames();
+      break;
+    default:
+      break;
+  }
+}
+
+void FormView::refreshNames() {
+  for (const auto& [view, weak] : mWidgets) {
+    auto widget = weak.lock();
+    if (!widget || !widget->takesFocus() || dynamic_cast<UserControl*>(widget.get()) != nullptr)
+      continue;
+    auto* field = const_cast<QWidget*>(view);
+    const QString name = qText(FieldLabels::captionOf(*widget));
+    if (field->accessibleName() != name)
+      field->setAccessibleName(name);
+    const QString description = qText(widget->ToolTipText());
+    if (field->accessibleDescription() != description)
+      field->setAccessibleDescription(description);
+  }
 }
 
 void FormView::syncAll(Widget& widget) {
@@ -419,6 +452,8 @@ void FormView::syncGeometry(Widget& widget) {
     setFixedSize(pixels.size());
   else
     view->setGeometry(pixels);
+  if (auto* label = dynamic_cast<CaptionLabel*>(view))
+    label->setDesign(QSizeF(rect.width, rect.height), mZoom);
 }
 
 void FormView::syncColors(Widget& widget) {

@@ -102,6 +102,9 @@ class FormView : public QWidget, private PropertyObserver {
   bool holds(const QWidget* widget) const;
 
   void applyFont();
+  // Gives every field the accessible name an author knows it by and its
+  // tooltip as description.
+  void refreshNames();
 
   std::weak_ptr<Widget> mRoot;
   double mZoom = 1.0;

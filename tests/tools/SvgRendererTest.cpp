@@ -5,6 +5,10 @@
 #include <fstream>
 #include <regex>
 
+#include "host/RecordingSink.h"
+#include "host/ToolHost.h"
+#include "render/FormFontMetrics.h"
+#include "surface/CaptionLayout.h"
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
 #include "surface/Frame.h"
@@ -12,6 +16,7 @@
 #include "surface/OptionButton.h"
 #include "surface/TextBox.h"
 #include "surface/UserControl.h"
+#include "tools/FormStates.h"
 #include "tools/KelmoraRun.h"
 #include "tools/ScratchDir.h"
 
@@ -34,6 +39,35 @@ std::vector<float> boxOf(const std::string& group) {
   if (!std::regex_search(group, match, box))
     return {};
   return {std::stof(match[1]), std::stof(match[2]), std::stof(match[3]), std::stof(match[4])};
+}
+
+// The lines of text a group draws, each with the x of its first character.
+struct DrawnLine {
+  std::string text;
+  float x;
+  bool operator==(const DrawnLine&) const = default;
+};
+void PrintTo(const DrawnLine& line, std::ostream* out) {
+  *out << '"' << line.text << "\" at " << line.x;
+}
+std::vector<DrawnLine> drawnLines(const std::string& group) {
+  static const std::regex line(
+      R"re(<text y="[-\d.]+" fill="[^"]*">((?:<tspan x="[-\d.]+">[^<]*</tspan>)*)</text>)re");
+  static const std::regex character(R"re(<tspan x="([-\d.]+)">([^<]*)</tspan>)re");
+  std::vector<DrawnLine> lines;
+  for (auto it = std::sregex_iterator(group.begin(), group.end(), line);
+       it != std::sregex_iterator(); ++it) {
+    const std::string spans = (*it)[1];
+    DrawnLine drawn{"", 0};
+    for (auto c = std::sregex_iterator(spans.begin(), spans.end(), character);
+         c != std::sregex_iterator(); ++c) {
+      if (drawn.text.empty())
+        drawn.x = std::stof((*c)[1]);
+      drawn.text += (*c)[2];
+    }
+    lines.push_back(drawn);
+  }
+  return lines;
 }
 
 // A small form: fields on the surface (pixels) and inside a Frame that
@@ -104,12 +138,13 @@ TEST(SvgRendererTest, WidgetsShowTheirContentAndState) {
   SmallForm small;
   const std::string svg = SvgRenderer::render(*small.form, {});
   const std::string title = groupOf(svg, "TextBox(0)");
-  EXPECT_NE(title.find("Tides &amp; &lt;currents&gt;"), std::string::npos);
+  EXPECT_EQ(drawnLines(title), (std::vector<DrawnLine>{{"Tides &amp; &lt;currents&gt;", 83}}));
   EXPECT_NE(title.find("<title>Title of the article</title>"), std::string::npos);
   EXPECT_NE(title.find("data-key=\"Title\""), std::string::npos);
-  EXPECT_NE(groupOf(svg, "TitleLabel").find("text-anchor=\"end\""), std::string::npos);
+  // Right-aligned: "Title" is 20 pixels wide in the forms' font.
+  EXPECT_EQ(drawnLines(groupOf(svg, "TitleLabel")), (std::vector<DrawnLine>{{"Title", 55}}));
   const std::string combo = groupOf(svg, "ComboBox(0)");
-  EXPECT_NE(combo.find(">Abstract<"), std::string::npos);
+  EXPECT_EQ(drawnLines(combo).at(0).text, "Abstract");
   EXPECT_NE(combo.find("class=\"arrow\""), std::string::npos);
   EXPECT_NE(combo.find("data-disabled=\"true\""), std::string::npos);
   EXPECT_NE(combo.find("fill=\"#d4d0c8\""), std::string::npos) << "greyed on the inactive colour";
@@ -162,7 +197,7 @@ TEST(SvgRendererTest, PeriodicalFormRowsStandWhereTheFormPutsThem) {
     EXPECT_EQ(boxOf(groupOf(svg, "TextBox(11)")), row.issue) << "online: " << row.online;
     EXPECT_EQ(groupOf(svg, "TextBox(10)"), "") << "the publish date is family 0's";
     EXPECT_EQ(boxOf(groupOf(svg, "TextBox(6)")), (std::vector<float>{80, 135, 73, 21}));
-    EXPECT_NE(groupOf(svg, "TextBox(6)").find(">14<"), std::string::npos);
+    EXPECT_EQ(drawnLines(groupOf(svg, "TextBox(6)")).at(0).text, "14");
   }
 }
 
@@ -193,6 +228,64 @@ TEST(SvgRendererTest, EsourceFormOfEachFamilyShowsItsOwnRows) {
     EXPECT_EQ(groupOf(svg, "TextBox(6)").empty(), !row.commentDate);
     EXPECT_EQ(boxOf(groupOf(svg, "TextBox(0)")), (std::vector<float>{39, 0, row.authorWidth, 21}));
   }
+}
+
+// Captions break at spaces and are clipped below: a label narrower than its
+// caption shows its first words whole, never the end of a word cut off.
+TEST(SvgRendererTest, ALabelNarrowerThanItsCaptionShowsItsFirstWordsWhole) {
+  SmallForm small;
+  struct Row {
+    float width, height;
+    int16_t alignment;
+    std::vector<DrawnLine> lines;
+  };
+  // "Chapter" is 39 pixels, "Chapter title" 60.
+  const Row rows[] = {
+      {49, 13, Label::kRightJustify, {{"Chapter", 10}}},
+      {49, 26, Label::kRightJustify, {{"Chapter", 10}, {"title", 31}}},
+      {49, 13, Label::kLeftJustify, {{"Chapter", 0}}},
+      {70, 13, Label::kRightJustify, {{"Chapter title", 10}}},
+      {30, 13, Label::kRightJustify, {{"Chapter", 0}}},
+  };
+  for (const Row& row : rows) {
+    SmallForm::place(*small.label, 0, 0, row.width, row.height);
+    small.label->Caption("Chapter title");
+    small.label->Alignment(row.alignment);
+    EXPECT_EQ(drawnLines(groupOf(SvgRenderer::render(*small.form, {}), "TitleLabel")), row.lines)
+        << row.width << "x" << row.height << ", alignment " << row.alignment;
+  }
+}
+
+// In every state a host can put the forms in, each shown label's caption
+// reads whole, in the picture as laid out with the forms' font.
+TEST(SvgRendererTest, NoShownCaptionLosesLettersInAnyStateOfAnyForm) {
+  int labels = 0;
+  for (const auto& state : testing::allFormStates()) {
+    SCOPED_TRACE(state.describe());
+    RecordingSink sink;
+    ToolHost host(sink, {});
+    const UserControl& frame = testing::show(host, state);
+    EXPECT_EQ(testing::cutCaptions(frame, &FormFontMetrics::width), std::vector<std::string>{});
+    // The picture draws the very lines the check laid out.
+    const std::string svg = SvgRenderer::render(frame, {});
+    for (const auto& widget : frame.Controls()) {
+      const auto* label = dynamic_cast<const Label*>(widget.get());
+      if (label == nullptr || !label->isShowing() || label->Caption().empty())
+        continue;
+      const std::string name = label->IsArrayMember()
+                                   ? label->Name() + "(" + std::to_string(label->Index()) + ")"
+                                   : label->Name();
+      const auto drawn = drawnLines(groupOf(svg, name));
+      ASSERT_FALSE(drawn.empty()) << name;
+      const auto laid = CaptionLayout::lay(label->Caption(), label->surfaceRect().width,
+                                           label->Alignment(), &FormFontMetrics::width);
+      EXPECT_EQ(drawn.front().text, laid.front().text) << name;
+      EXPECT_NEAR(drawn.front().x, label->surfaceRect().left + laid.front().x, 0.01) << name;
+      ++labels;
+    }
+    host.end();
+  }
+  EXPECT_GT(labels, 200);
 }
 
 }  // namespace

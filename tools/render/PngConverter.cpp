@@ -38,6 +38,27 @@ std::optional<std::filesystem::path> PngConverter::find() {
   return find(path != nullptr ? path : "");
 }
 
+std::vector<std::string> PngConverter::fontEnvironment(const std::filesystem::path& folder) {
+  std::vector<std::string> environment;
+  for (char** variable = environ; *variable != nullptr; ++variable)
+    environment.emplace_back(*variable);
+  // Debian puts Wine's Tahoma where fontconfig does not look. Unless the
+  // system or the caller says where fonts are, the converter is told of
+  // that folder too, so that it draws the forms' own font.
+  std::error_code error;
+  if (std::getenv("FONTCONFIG_FILE") != nullptr ||
+      !std::filesystem::exists(std::filesystem::path(kWineFonts) / "tahoma.ttf", error))
+    return environment;
+  const auto file = folder / "fonts.conf";
+  std::ofstream out(file);
+  out << "<?xml version=\"1.0\"?>\n<!DOCTYPE fontconfig SYSTEM \"fonts.dtd\">\n<fontconfig>\n"
+      << "  <include ignore_missing=\"yes\">/etc/fonts/fonts.conf</include>\n"
+      << "  <dir>" << kWineFonts << "</dir>\n</fontconfig>\n";
+  if (out.good())
+    environment.push_back("FONTCONFIG_FILE=" + file.string());
+  return environment;
+}
+
 std::string PngConverter::convert(const std::filesystem::path& converter,
                                   const std::filesystem::path& svg,
                                   const std::filesystem::path& png) {
@@ -46,6 +67,10 @@ std::string PngConverter::convert(const std::filesystem::path& converter,
   std::vector<char*> argv;
   for (auto& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
+  std::vector<std::string> environment = fontEnvironment(svg.parent_path());
+  std::vector<char*> envp;
+  for (auto& variable : environment) envp.push_back(variable.data());
+  envp.push_back(nullptr);
   // The converter's own complaints would reach the user beside ours; the
   // caller prints one line of its own instead.
   posix_spawn_file_actions_t quiet;
@@ -54,7 +79,7 @@ std::string PngConverter::convert(const std::filesystem::path& converter,
   ::posix_spawn_file_actions_addopen(&quiet, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
   pid_t child = 0;
   const int started =
-      ::posix_spawn(&child, converter.c_str(), &quiet, nullptr, argv.data(), environ);
+      ::posix_spawn(&child, converter.c_str(), &quiet, nullptr, argv.data(), envp.data());
   ::posix_spawn_file_actions_destroy(&quiet);
   if (started != 0)
     return "cannot run " + converter.string() + ": " + std::strerror(started);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelmora::tools {
 
@@ -21,6 +22,9 @@ class PngConverter {
   // The converter on this process's $PATH.
   static std::optional<std::filesystem::path> find();
 
+  // Where Debian's fonts-wine installs the forms' font, Tahoma.
+  static constexpr const char* kWineFonts = "/usr/share/wine/fonts";
+
   // Runs the converter; the text of what went wrong, or empty on success.
   static std::string convert(const std::filesystem::path& converter,
                              const std::filesystem::path& svg, const std::filesystem::path& png);
@@ -33,6 +37,11 @@ class PngConverter {
     std::string problem;
   };
   static Drawing draw(const std::filesystem::path& converter, std::string_view svg);
+
+ private:
+  // This process's environment for the converter, with a fontconfig file
+  // written in `folder` that adds the forms' font where it needs adding.
+  static std::vector<std::string> fontEnvironment(const std::filesystem::path& folder);
 };
 
 }  // namespace kelmora::tools

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <sstream>
 
+#include "render/FormFontMetrics.h"
+#include "surface/CaptionLayout.h"
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
 #include "surface/Frame.h"
@@ -19,7 +21,7 @@ namespace {
 
 constexpr const char* kFace = "#f0f0f0";
 constexpr const char* kGreyText = "#6d6d6d";
-constexpr float kFontSize = 10.0f;
+constexpr float kFontSize = FormFontMetrics::kPixels;
 
 std::string px(float value) {
   char text[32];
@@ -128,9 +130,20 @@ class Painter {
     return {dx + rect.left, dy + rect.top, rect.width, rect.height};
   }
 
-  void text(const std::string& value, float x, float y, const char* anchor, const char* fill) {
-    mOut << "<text x=\"" << px(x) << "\" y=\"" << px(y) << "\" text-anchor=\"" << anchor
-         << "\" fill=\"" << fill << "\">" << escape(value) << "</text>";
+  // Text with each character placed at the forms' own advances, so that a
+  // viewer draws it as wide as it was laid out, whatever its font measures.
+  // A tspan each: viewers keep a list of x positions less well.
+  void text(const std::string& value, float x, float y, const char* fill) {
+    mOut << "<text y=\"" << px(y) << "\" fill=\"" << fill << "\">";
+    float at = x;
+    for (size_t i = 0; i < value.size();) {
+      const size_t start = i;
+      const float advance = FormFontMetrics::advance(FormFontMetrics::next(value, i));
+      mOut << "<tspan x=\"" << px(at) << "\">" << escape(value.substr(start, i - start))
+           << "</tspan>";
+      at += advance;
+    }
+    mOut << "</text>";
   }
 
   void paintWidget(const UserControl& control, const Widget& widget, float dx, float dy) {
@@ -160,16 +173,18 @@ class Painter {
            << px(box.w) << "\" height=\"" << px(box.h) << "\" fill=\"" << fill << "\" stroke=\""
            << stroke << "\"/>";
     };
-    const float baseline = box.y + box.h / 2 + kFontSize * 0.35f;
+    // One line of text, centred in the widget's height.
+    const float baseline =
+        box.y + (box.h - CaptionLayout::kFormLineHeight) / 2 + CaptionLayout::kFormAscent;
 
     if (auto* box_ = dynamic_cast<const TextBox*>(&widget)) {
       rect(back, "#7a7a7a");
-      clipped(box, [&] { text(box_->Text(), box.x + 3, baseline, "start", ink); });
+      clipped(box, [&] { text(box_->Text(), box.x + 3, baseline, ink); });
     } else if (auto* combo = dynamic_cast<const ComboBox*>(&widget)) {
       rect(back, "#7a7a7a");
       const float arrow = std::min(box.h, 17.0f);
       clipped({box.x, box.y, box.w - arrow, box.h},
-              [&] { text(combo->Text(), box.x + 3, baseline, "start", ink); });
+              [&] { text(combo->Text(), box.x + 3, baseline, ink); });
       mOut << "<rect class=\"arrow\" x=\"" << px(box.x + box.w - arrow) << "\" y=\"" << px(box.y)
            << "\" width=\"" << px(arrow) << "\" height=\"" << px(box.h) << "\" fill=\"" << kFace
            << "\" stroke=\"#7a7a7a\"/>";
@@ -179,19 +194,19 @@ class Painter {
            << px(cy - 2) << " L" << px(cx) << ' ' << px(cy + 3) << " Z\" fill=\"" << ink << "\"/>";
     } else if (auto* label = dynamic_cast<const Label*>(&widget)) {
       rect("none", "none");
-      const char* anchor = "start";
-      float x = box.x;
-      if (label->Alignment() == Label::kRightJustify) {
-        anchor = "end";
-        x = box.x + box.w;
-      } else if (label->Alignment() == Label::kCenter) {
-        anchor = "middle";
-        x = box.x + box.w / 2;
-      }
-      // A label's caption starts at its top, not its middle. It is not
-      // clipped: the form's own font is narrower than any the picture can
-      // count on, and a caption cut short reads worse than one a little long.
-      text(label->Caption(), x, box.y + kFontSize, anchor, ink);
+      // Laid out as the window lays it out: broken at spaces, clipped below
+      // and on the right, never cut at its start.
+      clipped(box, [&] {
+        const auto lines = CaptionLayout::lay(label->Caption(), box.w, label->Alignment(),
+                                              &FormFontMetrics::width);
+        const size_t shown = std::min(
+            lines.size(), CaptionLayout::shownLines(box.h, CaptionLayout::kFormLineHeight));
+        for (size_t i = 0; i < shown; ++i)
+          text(lines[i].text, box.x + lines[i].x,
+               box.y + CaptionLayout::kFormLineHeight * static_cast<float>(i) +
+                   CaptionLayout::kFormAscent,
+               ink);
+      });
     } else if (auto* option = dynamic_cast<const OptionButton*>(&widget)) {
       rect("none", "none");
       const float cy = box.y + box.h / 2;
@@ -201,7 +216,7 @@ class Painter {
       if (option->Value())
         mOut << "<circle class=\"selected\" cx=\"" << px(box.x + 6) << "\" cy=\"" << px(cy)
              << "\" r=\"2.5\" fill=\"" << ink << "\"/>";
-      clipped(box, [&] { text(option->Caption(), box.x + 16, baseline, "start", ink); });
+      clipped(box, [&] { text(option->Caption(), box.x + 16, baseline, ink); });
     } else if (auto* check = dynamic_cast<const CheckBox*>(&widget)) {
       rect("none", "none");
       const float top = box.y + box.h / 2 - 6;
@@ -215,14 +230,14 @@ class Painter {
              << px(box.x + 6) << ' ' << px(top + 9) << " L" << px(box.x + 11) << ' ' << px(top + 3)
              << "\" fill=\"none\" stroke=\"" << (greyed ? kGreyText : ink)
              << "\" stroke-width=\"1.6\"/>";
-      clipped(box, [&] { text(check->Caption(), box.x + 18, baseline, "start", ink); });
+      clipped(box, [&] { text(check->Caption(), box.x + 18, baseline, ink); });
     } else if (auto* frame = dynamic_cast<const Frame*>(&widget)) {
       rect("none", "none");
       if (frame->BorderStyle() == Frame::kFixedSingle) {
         mOut << "<rect class=\"border\" x=\"" << px(box.x + 0.5f) << "\" y=\""
              << px(box.y + kFontSize / 2) << "\" width=\"" << px(box.w - 1) << "\" height=\""
              << px(box.h - kFontSize / 2 - 0.5f) << "\" fill=\"none\" stroke=\"#a0a0a0\"/>";
-        text(frame->Caption(), box.x + 8, box.y + kFontSize - 1, "start", ink);
+        text(frame->Caption(), box.x + 8, box.y + kFontSize - 1, ink);
       }
       clipped(box, [&] { paintContainer(control, &widget, dx, dy); });
     } else if (auto* nested = dynamic_cast<const UserControl*>(&widget)) {
@@ -264,8 +279,8 @@ std::string SvgRenderer::render(const UserControl& root, Options options) {
   out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
       << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << px(width) << "\" height=\""
       << px(height) << "\" viewBox=\"0 0 " << px(width) << ' ' << px(height)
-      << "\" font-family=\"DejaVu Sans, Arial, sans-serif\" font-size=\"" << px(kFontSize)
-      << "\" data-name=\"" << escape(widgetName(root)) << "\">\n"
+      << "\" font-family=\"Tahoma, sans-serif\" font-size=\"" << px(kFontSize)
+      << "px\" style=\"font-kerning: none\" data-name=\"" << escape(widgetName(root)) << "\">\n"
       << "<rect class=\"surface\" x=\"0\" y=\"0\" width=\"" << px(width) << "\" height=\""
       << px(height) << "\" fill=\"" << kFace << "\"/>\n"
       << body.str() << "</svg>\n";
