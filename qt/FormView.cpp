@@ -323,6 +323,13 @@ void FormView::refreshNames() {
     const QString name = qText(FieldLabels::captionOf(*widget));
     if (field->accessibleName() != name)
       field->setAccessibleName(name);
+    // Screen readers on Linux read a list's name from the label it is
+    // the buddy of.
+    if (const Widget* beside = FieldLabels::labelOf(*widget)) {
+      auto* label = dynamic_cast<CaptionLabel*>(counterpart(*beside));
+      if (label != nullptr && label->buddy() != field)
+        label->setBuddy(field);
+    }
     const QString description = qText(widget->ToolTipText());
     if (field->accessibleDescription() != description)
       field->setAccessibleDescription(description);

@@ -1,8 +1,10 @@
 #include "surface/FieldLabels.h"
 
+#include <cctype>
 #include <limits>
 
 #include "surface/CheckBox.h"
+#include "surface/ComboBox.h"
 #include "surface/Label.h"
 #include "surface/OptionButton.h"
 #include "surface/UserControl.h"
@@ -15,19 +17,44 @@ namespace {
 // five pixels, layout code a little more.
 constexpr float kMostGap = 24.0f;
 
+// "v8_EsourceDegree,degree" as an author would say it: "Esource degree".
+// Keys that the rule layer ignores name no field.
+std::string keyInWords(const std::string& tag) {
+  std::string key = tag.substr(0, tag.find(','));
+  if (key.rfind("vIgnore_", 0) == 0)
+    return {};
+  if (key.size() > 1 && key[0] == 'v' && std::isdigit(static_cast<unsigned char>(key[1])))
+    key.erase(0, key.find('_') == std::string::npos ? 0 : key.find('_') + 1);
+  std::string words;
+  for (char c : key) {
+    if (std::isupper(static_cast<unsigned char>(c)) && !words.empty()) {
+      words += ' ';
+      words += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    } else {
+      words += c;
+    }
+  }
+  return words;
+}
+
 }  // namespace
 
-const Label* FieldLabels::labelOf(const Widget& field) {
+const Widget* FieldLabels::labelOf(const Widget& field) {
   const UserControl* control = field.Parent();
   if (control == nullptr || dynamic_cast<const Label*>(&field) != nullptr)
     return nullptr;
   const SurfaceRect own = field.surfaceRect();
-  const Label* best = nullptr;
+  const Widget* best = nullptr;
   bool bestShown = false;
   float bestGap = std::numeric_limits<float>::max();
   for (const auto& widget : control->Controls()) {
-    const auto* label = dynamic_cast<const Label*>(widget.get());
-    if (label == nullptr || label->Container() != field.Container() || label->Caption().empty())
+    const Widget* label = widget.get();
+    const auto* caption = dynamic_cast<const Label*>(label);
+    const auto* list = dynamic_cast<const ComboBox*>(label);
+    const bool names = (caption != nullptr && !caption->Caption().empty()) ||
+                       (list != nullptr && list->Style() == ComboBox::kDropdownList &&
+                        dynamic_cast<const ComboBox*>(&field) == nullptr);
+    if (!names || label == &field || label->Container() != field.Container())
       continue;
     const SurfaceRect rect = label->surfaceRect();
     const float middle = rect.top + rect.height / 2;
@@ -45,14 +72,19 @@ const Label* FieldLabels::labelOf(const Widget& field) {
 }
 
 std::string FieldLabels::captionOf(const Widget& field) {
-  if (const Label* label = labelOf(field))
-    return label->Caption();
+  if (const Widget* label = labelOf(field)) {
+    if (const auto* list = dynamic_cast<const ComboBox*>(label))
+      return list->Text();
+    return label->caption();
+  }
   const bool captioned = dynamic_cast<const OptionButton*>(&field) != nullptr ||
                          dynamic_cast<const CheckBox*>(&field) != nullptr ||
                          dynamic_cast<const Label*>(&field) != nullptr;
   if (captioned && !field.caption().empty())
     return field.caption();
-  return field.ToolTipText();
+  if (!field.ToolTipText().empty())
+    return field.ToolTipText();
+  return keyInWords(field.Tag());
 }
 
 }  // namespace kelmora

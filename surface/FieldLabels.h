@@ -14,12 +14,14 @@ class Widget;
 class FieldLabels {
  public:
   // The nearest label level with `field` that ends left of it, in the same
-  // container; a shown one before a hidden one. Nothing when none stands
-  // there, as for option buttons, check boxes and labels themselves.
-  static const Label* labelOf(const Widget& field);
-  // What an author calls the field: its label's caption, else its own
-  // caption (option buttons, check boxes, labels), else its tooltip; empty
-  // when it has none of them.
+  // container; a shown one before a hidden one. A pick list may stand
+  // there instead, naming the field by its choice ("Email to"). Nothing
+  // when neither does, as for option buttons, check boxes and labels.
+  static const Widget* labelOf(const Widget& field);
+  // What an author calls the field: its label's caption (or the choice of
+  // the list beside it), else its own caption (option buttons, check boxes,
+  // labels), else its tooltip, else its field key in words ("Esource
+  // degree"); empty for a widget without any of them.
   static std::string captionOf(const Widget& field);
 };
 

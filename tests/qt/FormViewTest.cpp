@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QDropEvent>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QLineEdit>
 #include <QMimeData>
@@ -20,16 +22,22 @@
 #include "QtForm.h"
 #include "host/TextDataObject.h"
 #include "hosting/FrameContainer.h"
+#include "qt/CaptionLabel.h"
+#include "qt/FormFont.h"
+#include "render/FormFontMetrics.h"
 #include "render/SvgRenderer.h"
 #include "scenario/WidgetLocator.h"
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
+#include "surface/FieldLabels.h"
 #include "surface/Focus.h"
+#include "surface/Label.h"
 #include "surface/OptionButton.h"
 #include "surface/SpyControl.h"
 #include "surface/TextBox.h"
 #include "surface/UserActions.h"
 #include "surface/UserControl.h"
+#include "tools/FormStates.h"
 
 namespace kelmora::tools::testing {
 namespace {
@@ -385,6 +393,118 @@ TEST(FormViewTest, ScreenshotsMatchThePicturesOfTheSameForms) {
       EXPECT_GT(compared, 5);
     }
   }
+}
+
+// In every state a host can put the forms in, each shown label's caption
+// reads whole in the window, measured with Qt's own metrics of the forms'
+// font, and those metrics are the picture's.
+TEST(FormViewTest, NoShownCaptionLosesLettersInAnyStateOfAnyForm) {
+  ASSERT_TRUE(qt::FormFont::isAvailable())
+      << "Tahoma is not installed: scripts/setup installs fonts-wine and tells fontconfig";
+  int labels = 0;
+  for (const auto& state : allFormStates()) {
+    SCOPED_TRACE(state.describe());
+    RecordingSink sink;
+    ToolHost host(sink, {});
+    const UserControl& frame = show(host, state);
+    qt::FormView view(host.container());
+    const QFontMetricsF metrics(qt::FormFont::at(1.0, view.logicalDpiY()));
+    const auto measure = [&](std::string_view text) {
+      return static_cast<float>(metrics.horizontalAdvance(
+          QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))));
+    };
+    EXPECT_EQ(cutCaptions(frame, measure), std::vector<std::string>{});
+    for (const auto& widget : frame.Controls()) {
+      const auto* label = dynamic_cast<const Label*>(widget.get());
+      if (label == nullptr || !label->isShowing() || label->Caption().empty())
+        continue;
+      EXPECT_NEAR(measure(label->Caption()), FormFontMetrics::width(label->Caption()), 0.01)
+          << label->Caption();
+      // The counterpart draws the lines the check laid out.
+      auto* drawn = dynamic_cast<qt::CaptionLabel*>(view.counterpart(*widget));
+      ASSERT_NE(drawn, nullptr) << nameOf(*widget);
+      const auto laid = CaptionLayout::lay(label->Caption(), label->surfaceRect().width,
+                                           label->Alignment(), measure);
+      ASSERT_FALSE(drawn->shownLines().empty()) << nameOf(*widget);
+      EXPECT_EQ(drawn->shownLines().front().text, laid.front().text) << nameOf(*widget);
+      ++labels;
+    }
+    host.end();
+  }
+  EXPECT_GT(labels, 200);
+}
+
+// An author with a screen reader hears each field by the caption beside it,
+// its tooltip as description, and whether it is hidden or disabled.
+TEST(FormViewTest, EveryFieldHasItsAccessibleNameInEachReferenceType) {
+  struct Row {
+    int16_t type;
+    const char* field;
+    const char* name;
+  };
+  const Row rows[] = {
+      {kPeriodical, "TextBox(0)", "Author"},    {kPeriodical, "TextBox(14)", "Keywords"},
+      {kNonPeriodical, "TextBox(0)", "Author"}, {kEsource, "TextBox(0)", "Author"},
+      {kEsource, "TextBox(2)", "Email to"},     {kEsource, "ComboBox(0)", "Esource degree"}};
+  for (int16_t type : {kPeriodical, kNonPeriodical, kEsource}) {
+    SCOPED_TRACE("type " + std::to_string(type));
+    QtForm form(type, 1, true);
+    int named = 0;
+    for (const auto& widget : WidgetLocator::frame(form.host.container(), -1)->Controls()) {
+      if (!widget->takesFocus() || dynamic_cast<UserControl*>(widget.get()) != nullptr)
+        continue;
+      QAccessibleInterface* reader =
+          QAccessible::queryAccessibleInterface(form.view->counterpart(*widget));
+      ASSERT_NE(reader, nullptr) << nameOf(*widget);
+      // Qt on Linux names a list by its choice, and tells its label by
+      // relation; the name the form gave it is the widget's own.
+      QWidget* qt = form.view->counterpart(*widget);
+      const std::string name =
+          (dynamic_cast<ComboBox*>(widget.get()) != nullptr ? qt->accessibleName()
+                                                            : reader->text(QAccessible::Name))
+              .toStdString();
+      EXPECT_EQ(name, FieldLabels::captionOf(*widget)) << nameOf(*widget);
+      EXPECT_EQ(reader->text(QAccessible::Description).toStdString(), widget->ToolTipText())
+          << nameOf(*widget);
+      EXPECT_EQ(reader->state().invisible, !widget->isShowing()) << nameOf(*widget);
+      EXPECT_EQ(reader->state().disabled, !widget->isEnabledInTree()) << nameOf(*widget);
+      if (widget->isShowing()) {
+        EXPECT_FALSE(name.empty()) << nameOf(*widget) << " is shown without a name";
+        ++named;
+      }
+    }
+    EXPECT_GT(named, 3);
+    for (const Row& row : rows) {
+      if (row.type == type) {
+        EXPECT_EQ(form.qtWidget(row.field)->accessibleName().toStdString(), row.name);
+      }
+    }
+  }
+}
+
+// Zoom scales every rectangle and the font together, and back again.
+TEST(FormViewTest, ZoomKeepsEveryWidgetsRectangleProportional) {
+  QtForm form(kNonPeriodical, 0, true);
+  auto frame = WidgetLocator::frame(form.host.container(), -1);
+  const QSize design = form.view->designSize();
+  for (double zoom : {2.0, 0.5, 1.75, 1.0}) {
+    SCOPED_TRACE("zoom " + std::to_string(zoom));
+    form.view->setZoom(zoom);
+    EXPECT_NEAR(form.view->width(), design.width() * zoom, 1.0);
+    EXPECT_NEAR(QFontInfo(form.view->font()).pixelSize(), 11 * zoom, 1.0);
+    for (const auto& widget : frame->Controls()) {
+      if (!widget->isShowing())
+        continue;
+      const SurfaceRect rect = onForm(*widget);
+      // Rounding once for the widget and once for the frame it stands in.
+      const QRect qt = qtRect(*form.view, *form.view->counterpart(*widget));
+      EXPECT_NEAR(qt.x(), rect.left * zoom, 2.0) << nameOf(*widget);
+      EXPECT_NEAR(qt.y(), rect.top * zoom, 2.0) << nameOf(*widget);
+      EXPECT_NEAR(qt.width(), rect.width * zoom, 1.0) << nameOf(*widget);
+      EXPECT_NEAR(qt.height(), rect.height * zoom, 1.0) << nameOf(*widget);
+    }
+  }
+  expectMirrored(form);
 }
 
 }  // namespace
