@@ -12,7 +12,10 @@ namespace kelmora::tools {
 // Draws a user control and everything on it as an SVG picture, reading the
 // widgets and changing nothing. A widget is drawn when it and all its
 // containers are Visible, at its rectangle converted to pixels; a Frame
-// clips what stands inside it. Labels are aligned as the form says, text
+// clips what stands inside it. Text is set in the forms' font, Tahoma at
+// 11 pixels, each character at the font's own advance, so that any viewer
+// draws it as the window does; labels lay their captions out as the window
+// does (broken at spaces, clipped below, never cut at their start), text
 // and combo boxes show their text (a combo box with its arrow), option
 // buttons and check boxes their state, disabled widgets are greyed on the
 // inactive back colour, and a tooltip becomes the widget's SVG title.
