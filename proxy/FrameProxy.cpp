@@ -378,6 +378,8 @@ void FrameProxy::initializeFormatDependentWidgetToggler(
       frameOperations().initializeFormatDependentWidgetToggler(formatterSettings, toggler, keys);
       mDependentWidgetToggler = std::move(toggler);
       mKeyToOverallIndex = std::move(keys);
+      if (mDependentWidgetToggler)
+        mDependentWidgetToggler->explanations().registeredFor(frameOperations().formatFamily());
     });
   });
 }

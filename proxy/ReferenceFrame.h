@@ -44,6 +44,10 @@ class ReferenceFrame {
   virtual std::string ComboLabelCaption(int16_t& Index, std::string& value);
   // Selects the entry of the ComboBox `Index` that matches a stored value.
   virtual void SelectItem(std::string& str, int16_t& Index);
+  // The format family the frame read when it last registered its rules, for
+  // explaining them; -1 for a frame that keeps none. Not one of the ten
+  // operations: it reads a field and calls nothing.
+  virtual int32_t formatFamily() const { return -1; }
   // Harmless on a second run: it runs when the proxy ends and again when
   // the toolkit ends the control.
   virtual void Terminate();

@@ -1,7 +1,9 @@
 #include "surface/FieldLabels.h"
 
 #include <cctype>
+#include <cmath>
 #include <limits>
+#include <tuple>
 
 #include "surface/CheckBox.h"
 #include "surface/ComboBox.h"
@@ -45,15 +47,18 @@ const Widget* FieldLabels::labelOf(const Widget& field) {
     return nullptr;
   const SurfaceRect own = field.surfaceRect();
   const Widget* best = nullptr;
-  bool bestShown = false;
-  float bestGap = std::numeric_limits<float>::max();
+  // Rules show and hide a field with its label, and rows hidden together
+  // may overlap: a label that shares the field's visibility goes first,
+  // then the one nearest its middle, then the one nearest its left edge.
+  std::tuple<bool, float, float> bestScore{true, std::numeric_limits<float>::max(),
+                                           std::numeric_limits<float>::max()};
   for (const auto& widget : control->Controls()) {
     const Widget* label = widget.get();
     const auto* caption = dynamic_cast<const Label*>(label);
     const auto* list = dynamic_cast<const ComboBox*>(label);
     const bool names = (caption != nullptr && !caption->Caption().empty()) ||
                        (list != nullptr && list->Style() == ComboBox::kDropdownList &&
-                        dynamic_cast<const ComboBox*>(&field) == nullptr);
+                        !list->Text().empty() && dynamic_cast<const ComboBox*>(&field) == nullptr);
     if (!names || label == &field || label->Container() != field.Container())
       continue;
     const SurfaceRect rect = label->surfaceRect();
@@ -61,11 +66,11 @@ const Widget* FieldLabels::labelOf(const Widget& field) {
     const float gap = own.left - (rect.left + rect.width);
     if (middle < own.top || middle > own.top + own.height || gap < -1.0f || gap > kMostGap)
       continue;
-    const bool shown = label->Visible();
-    if (best == nullptr || (shown && !bestShown) || (shown == bestShown && gap < bestGap)) {
+    const std::tuple<bool, float, float> score{label->Visible() != field.Visible(),
+                                               std::abs(middle - (own.top + own.height / 2)), gap};
+    if (best == nullptr || score < bestScore) {
       best = label;
-      bestShown = shown;
-      bestGap = gap;
+      bestScore = score;
     }
   }
   return best;

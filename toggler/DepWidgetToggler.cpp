@@ -80,7 +80,12 @@ DepWidgetToggler::~DepWidgetToggler() {
 
 void DepWidgetToggler::Reset() {
   Procedure proc{this, procedureName<"DepWidgetToggler.Reset">()};
-  proc.run([&] { proc.step([&] { mToggleData = std::make_unique<ToggleData>(); }); });
+  proc.run([&] {
+    proc.step([&] {
+      mToggleData = std::make_unique<ToggleData>();
+      mExplanations.startRegistration();
+    });
+  });
 }
 
 void DepWidgetToggler::Add(Dictionary& keyToOverallIndex, const std::string& enableKey,
@@ -116,7 +121,14 @@ void DepWidgetToggler::Add(Dictionary& keyToOverallIndex, const std::string& ena
     }
     proc.step([&] { widgets = convertDependentWidgets(dependentWidgets, keyToOverallIndex); });
     proc.step([&] {
-      instructions = parseInstruction(Strings::Join(phrases, op), widgets, options.toggleByHiding);
+      auto parsed = std::const_pointer_cast<Instruction>(
+          parseInstruction(Strings::Join(phrases, op), widgets, options.toggleByHiding));
+      parsed->written = writtenRule(enableKey, dependentWidgets, options.toggleByHiding);
+      for (const auto& item : parsed->items) {
+        if (!item.text.empty() && item.indexError == 0 && item.index >= 0)
+          mExplanations.reserve(static_cast<size_t>(item.index) + 1);
+      }
+      instructions = std::move(parsed);
     });
     for (size_t i = 0; i < words.size(); ++i) {
       proc.step([&] {
@@ -269,6 +281,22 @@ std::shared_ptr<const DepWidgetToggler::Instruction> DepWidgetToggler::parseInst
   return instruction;
 }
 
+std::shared_ptr<const WrittenRule> DepWidgetToggler::writtenRule(
+    const std::string& enableKey, const std::string& dependentWidgets, bool toggleByHiding) const {
+  auto written = std::make_shared<WrittenRule>();
+  written->enableKey = enableKey;
+  written->dependentWidgets = dependentWidgets;
+  written->toggleByHiding = toggleByHiding;
+  // Split as evaluation splits the stored conditions, so that the places
+  // agree.
+  written->conditions = Strings::Split(enableKey, "||");
+  if (written->conditions.size() == 1)
+    written->conditions = Strings::Split(enableKey, "&&");
+  written->items = Strings::Split(dependentWidgets, ",");
+  written->registration = mExplanations.registration();
+  return written;
+}
+
 std::vector<int16_t> DepWidgetToggler::triggers() const {
   std::vector<int16_t> keys;
   if (mToggleData) {
@@ -291,6 +319,18 @@ std::string DepWidgetToggler::instructionsText(int16_t trigger) const {
             kFieldSeparator + (instruction->toggleByHiding ? "True" : "False");
   }
   return text;
+}
+
+std::vector<std::shared_ptr<const WrittenRule>> DepWidgetToggler::writtenRules(
+    int16_t trigger) const {
+  std::vector<std::shared_ptr<const WrittenRule>> rules;
+  if (!mToggleData)
+    return rules;
+  auto found = mToggleData->find(trigger);
+  if (found == mToggleData->end())
+    return rules;
+  for (const auto& instruction : *found->second) rules.push_back(instruction->written);
+  return rules;
 }
 
 // ---------------------------------------------------------------------------
@@ -335,8 +375,10 @@ void DepWidgetToggler::Execute(const Controls& controls, int16_t Index) {
     for (size_t i = 0; i < setA.size(); ++i) {
       proc.step([&] {
         const Command& command = setA.at(i);
-        if (!command.item->text.empty())
+        if (!command.item->text.empty()) {
           toggleEnable(controls, *command.item, command.enableCommand);
+          recordApplied(controls, *command.item);
+        }
       });
     }
   });
@@ -363,46 +405,70 @@ void DepWidgetToggler::EnableCommands(int16_t key, const Controls& controls, Com
     // trigger: an "||" rule with no true condition keeps an earlier enable.
     for (const auto& instruction : *instructions) {
       bool apply = false;
-      proc.step([&] { apply = shouldEnableWidgets(*instruction, controls, enable); });
+      const bool enabledBefore = enable;
+      Verdict verdict;
+      proc.step([&] { apply = shouldEnableWidgets(*instruction, controls, enable, verdict); });
       if (!apply || instruction->widgetsText.empty())
         continue;
       const int32_t enableCommand =
           enable ? kEnable : (instruction->toggleByHiding ? kHide : kDisable);
+      // Enabled by an earlier row alone: no condition of this one held.
+      const bool carried =
+          enable && enabledBefore && instruction->alternatives && verdict.condition < 0;
       for (const auto& item : instruction->items) {
-        proc.step([&] { result.Add(&item, enableCommand); });
+        proc.step([&] {
+          result.Add(&item, enableCommand);
+          recordDecision(key, *instruction, item, enableCommand, carried, verdict);
+        });
       }
     }
   });
 }
 
 bool DepWidgetToggler::shouldEnableWidgets(const Instruction& instruction, const Controls& controls,
-                                           bool& enable) {
+                                           bool& enable, Verdict& verdict) {
   Procedure proc{this,
                  procedureName<"DepWidgetToggler.shouldEnableWidgets">(),
                  {arg("command", instruction.conditionsText), arg("enable", enable)}};
+  // The deciding condition, for the record: the first alternative that
+  // enables, or the first condition of "&&" that does not; the value it
+  // read goes into a buffer of the table's own.
+  verdict.condition = -1;
+  mDecidingValue.clear();
+  const auto decidedBy = [&](size_t i) {
+    verdict.condition = static_cast<int16_t>(i);
+    mDecidingValue.assign(mValue);
+  };
   return proc.run<bool>([&](bool& result) {
     if (instruction.conditionsText.empty())
       return;
     if (instruction.alternatives) {
       result = false;
-      for (const auto& condition : instruction.conditions) {
+      for (size_t i = 0; i < instruction.conditions.size(); ++i) {
         proc.step([&] {
           bool tempEnable = false;
-          const bool applies = shouldEnableWidgetsImpl(condition, controls, tempEnable);
+          const bool applies =
+              shouldEnableWidgetsImpl(instruction.conditions[i], controls, tempEnable);
           result = result || applies;
           enable = enable || tempEnable;
+          if (tempEnable && verdict.condition < 0)
+            decidedBy(i);
         });
       }
       return;
     }
     enable = true;
     result = true;
-    for (const auto& condition : instruction.conditions) {
+    for (size_t i = 0; i < instruction.conditions.size(); ++i) {
       proc.step([&] {
         bool tempEnable = false;
-        const bool applies = shouldEnableWidgetsImpl(condition, controls, tempEnable);
+        const bool applies =
+            shouldEnableWidgetsImpl(instruction.conditions[i], controls, tempEnable);
         result = result && applies;
         enable = enable && tempEnable;
+        // One condition decides alone; of several, the first that fails.
+        if (verdict.condition < 0 && (!tempEnable || instruction.conditions.size() == 1))
+          decidedBy(i);
       });
     }
   });
@@ -474,6 +540,41 @@ bool DepWidgetToggler::shouldEnableWidgetsImpl(const Condition& condition, const
         enable = true;
     });
   });
+}
+
+void DepWidgetToggler::recordDecision(int16_t trigger, const Instruction& instruction,
+                                      const Item& item, int32_t enableCommand, bool carried,
+                                      const Verdict& verdict) noexcept {
+  if (item.text.empty() || item.indexError != 0)
+    return;
+  RuleDecision* slot = mExplanations.slot(item.index);
+  if (slot == nullptr)
+    return;
+  slot->rule = instruction.written;
+  slot->trigger = trigger;
+  slot->condition = verdict.condition;
+  slot->item = static_cast<int16_t>(&item - instruction.items.data());
+  slot->command = enableCommand;
+  slot->carried = carried;
+  slot->applied = false;
+  try {
+    // Reuses the slot's buffer: no allocation once a value of this length
+    // has been seen.
+    slot->value.assign(mDecidingValue);
+  } catch (const std::bad_alloc&) {
+    slot->value.clear();
+  }
+}
+
+void DepWidgetToggler::recordApplied(const Controls& controls, const Item& item) noexcept {
+  RuleDecision* slot = item.indexError == 0 ? mExplanations.slot(item.index) : nullptr;
+  if (slot == nullptr || static_cast<size_t>(item.index) >= controls.size() ||
+      !controls[static_cast<size_t>(item.index)])
+    return;
+  const Widget& widget = *controls[static_cast<size_t>(item.index)];
+  slot->applied = true;
+  slot->visibleAfter = widget.Visible();
+  slot->enabledAfter = widget.Enabled();
 }
 
 // ---------------------------------------------------------------------------

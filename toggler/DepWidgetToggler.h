@@ -11,6 +11,7 @@
 #include "platform/Dictionary.h"
 #include "platform/Object.h"
 #include "surface/Widget.h"
+#include "toggler/RuleExplanations.h"
 
 namespace kelmora {
 
@@ -70,6 +71,14 @@ class DepWidgetToggler : public Object, public Dumpable {
   bool hasToggleData() const { return mToggleData != nullptr; }
   std::vector<int16_t> triggers() const;
   std::string instructionsText(int16_t trigger) const;
+  // The same instructions as their frame wrote them.
+  std::vector<std::shared_ptr<const WrittenRule>> writtenRules(int16_t trigger) const;
+
+  // What the rules last did to each widget, recorded as they run, for
+  // explaining a widget's state; and the frame's word on which format the
+  // current rules were registered for.
+  const RuleExplanations& explanations() const { return mExplanations; }
+  RuleExplanations& explanations() { return mExplanations; }
 
   void vbwDump() const override;
 
@@ -98,6 +107,8 @@ class DepWidgetToggler : public Object, public Dumpable {
   };
 
   struct Instruction {
+    // The row as its frame wrote it.
+    std::shared_ptr<const WrittenRule> written;
     std::string conditionsText;
     bool alternatives = false;  // "||" rather than "&&"
     std::vector<Condition> conditions;
@@ -109,6 +120,11 @@ class DepWidgetToggler : public Object, public Dumpable {
   struct Command {
     const Item* item;
     int32_t enableCommand;
+  };
+  // Which condition of an instruction decided, for the record: see
+  // RuleDecision::condition.
+  struct Verdict {
+    int16_t condition = -1;
   };
   class CommandList;
 
@@ -123,7 +139,8 @@ class DepWidgetToggler : public Object, public Dumpable {
   std::string convertToLookupKey(std::string& str, Dictionary& keyToOverallIndex);
 
   void EnableCommands(int16_t key, const Controls& controls, CommandList& result);
-  bool shouldEnableWidgets(const Instruction& instruction, const Controls& controls, bool& enable);
+  bool shouldEnableWidgets(const Instruction& instruction, const Controls& controls, bool& enable,
+                           Verdict& verdict);
   bool shouldEnableWidgetsImpl(const Condition& condition, const Controls& controls, bool& enable);
   void toggleEnable(const Controls& controls, const Item& setIter, int32_t enableCommand);
   // A label's remembered caption, kept behind the key in its tag.
@@ -133,12 +150,23 @@ class DepWidgetToggler : public Object, public Dumpable {
   static std::shared_ptr<const Instruction> parseInstruction(std::string conditionsText,
                                                              std::string widgetsText,
                                                              bool toggleByHiding);
+  std::shared_ptr<const WrittenRule> writtenRule(const std::string& enableKey,
+                                                 const std::string& dependentWidgets,
+                                                 bool toggleByHiding) const;
+  // Notes what a command of `instruction` decided for `item`, and what the
+  // widget looks like once it ran. Never fails.
+  void recordDecision(int16_t trigger, const Instruction& instruction, const Item& item,
+                      int32_t enableCommand, bool carried, const Verdict& verdict) noexcept;
+  void recordApplied(const Controls& controls, const Item& item) noexcept;
   static Condition parseCondition(const std::string& text);
   static Item parseItem(const std::string& text);
   static Widget& widgetAt(const Controls& controls, int16_t index, int32_t indexError);
 
   std::unique_ptr<ToggleData> mToggleData;
   std::string mValue;
+  // The value the deciding condition of the instruction last evaluated read.
+  std::string mDecidingValue;
+  RuleExplanations mExplanations;
 };
 
 }  // namespace kelmora

@@ -53,6 +53,7 @@ class NonPeriodical : public UserControl, public ReferenceFrame, public Dumpable
   void SelectItem(std::string& str, int16_t& Index) override;
   std::string ComboLabelCaption(int16_t& Index, std::string& value) override;
   void ArrangeAllFields() override;
+  int32_t formatFamily() const override { return mFormat; }
   void Terminate() override;
 
   // Widget events, told apart by the source's name and Index.

@@ -51,6 +51,7 @@ class Periodical : public UserControl, public ReferenceFrame, public Dumpable {
   void ArrangeAllFields() override;
   std::string ComboLabelCaption(int16_t& Index, std::string& value) override;
   void SelectItem(std::string& str, int16_t& Index) override;
+  int32_t formatFamily() const override { return mFormat; }
   void Terminate() override;
 
   // Widget events, told apart by the source's name and Index.

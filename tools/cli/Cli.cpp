@@ -10,12 +10,14 @@
 #include <vector>
 
 #include "cli/Demo.h"
+#include "cli/Explain.h"
+#include "cli/FormSetup.h"
 #ifdef KELMORA_WITH_GUI
 #include "gui/Gui.h"
 #endif
-#include "host/Kit.h"
 #include "host/FieldValues.h"
 #include "host/JsonLinesSink.h"
+#include "host/Kit.h"
 #include "host/OutputFile.h"
 #include "host/ReadableSink.h"
 #include "host/RecordingSink.h"
@@ -33,29 +35,11 @@ namespace kelmora::tools {
 namespace {
 
 struct RenderOptions {
-  std::string type;
-  std::optional<int32_t> family;
-  std::string settings;
-  int16_t option = -1;
-  bool showAll = false;
-  std::string values;
+  FormSetup form;
   std::string output;
   std::string png;
   bool debug = false;
 };
-
-int16_t referenceType(const std::string& text) {
-  std::string lower;
-  for (char c : text) lower += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  if (lower == "nonperiodical" || lower == "0")
-    return 0;
-  if (lower == "periodical" || lower == "1")
-    return 1;
-  if (lower == "esource" || lower == "4")
-    return 4;
-  throw BadInput("unknown reference type '" + text +
-                 "': use periodical (1), nonperiodical (0) or esource (4)");
-}
 
 // An output named *.png is written as PNG, whatever the case of its ending.
 bool namesPng(const std::filesystem::path& path) {
@@ -65,26 +49,10 @@ bool namesPng(const std::filesystem::path& path) {
 }
 
 int render(const RenderOptions& options, std::ostream& err) {
-  const int16_t whichType = referenceType(options.type);
-  if (options.family.has_value() == !options.settings.empty())
-    throw BadInput("give the format either as --family N or as --settings FILE");
-  std::shared_ptr<FormatSettings> settings =
-      options.family ? FormatSettings::family(*options.family) : FormatSettings::load(options.settings);
-  const Json values =
-      options.values.empty()
-          ? Json::object()
-          : JsonReader::read(options.values, "values file '" + options.values + "'");
-
   RecordingSink sink;
   ToolHost host(sink, {});
+  options.form.apply(host);
   FrameContainer& container = host.container();
-  container.SetVisibleFrame(whichType);
-  container.ToggleFormatDependentWidgets(whichType, settings);
-  auto record = FieldValues::record(host.main(), whichType, values, options.values);
-  host.callback().loading(true);
-  container.SynchronizeFieldsWithModel(whichType, record);
-  host.callback().loading(false);
-  container.UpdateFrame(options.option, options.showAll);
 
   const std::string svg = SvgRenderer::render(container, {.outlineHidden = options.debug});
   const bool svgOutput = !namesPng(options.output);
@@ -144,18 +112,7 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
 
   RenderOptions options;
   auto* renderCommand = app.add_subcommand("render", "Draw one frame as an SVG or PNG picture");
-  renderCommand
-      ->add_option("--type", options.type,
-                   "Reference type: periodical (1), nonperiodical (0) or esource (4)")
-      ->required();
-  renderCommand->add_option("--family", options.family,
-                            "Format family 0 to 3 shipped with kelmora");
-  renderCommand->add_option("--settings", options.settings, "Format settings file (JSON)");
-  renderCommand->add_option("--option", options.option,
-                            "Type option to select (UpdateFrame Index); -1 keeps the one loaded");
-  renderCommand->add_flag("--show-all", options.showAll, "Show all fields");
-  renderCommand->add_option("--values", options.values,
-                            "Field values file: JSON object by field key");
+  options.form.addOptions(*renderCommand);
   renderCommand
       ->add_option("-o,--output", options.output,
                    "File to write: a PNG if its name ends in .png (needs rsvg-convert), else SVG")
@@ -163,6 +120,27 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
   renderCommand->add_option("--png", options.png,
                             "Also write this PNG beside the SVG (needs rsvg-convert)");
   renderCommand->add_flag("--debug", options.debug, "Outline hidden widgets");
+
+  FormSetup explainForm;
+  bool explainJson = false;
+  auto* explainCommand = app.add_subcommand(
+      "explain",
+      "Tell for each widget of a form why it is shown, hidden, disabled or captioned so");
+  explainForm.addOptions(*explainCommand);
+  explainCommand->add_flag("--json", explainJson, "One JSON object per widget, for programs");
+
+  std::string fieldsType;
+  std::optional<int32_t> fieldsFamily;
+  bool fieldsMatrix = false;
+  auto* fieldsCommand = app.add_subcommand(
+      "fields", "List the fields of a reference type and whether a format shows them");
+  fieldsCommand
+      ->add_option("--type", fieldsType,
+                   "Reference type: periodical (1), nonperiodical (0) or esource (4)")
+      ->required();
+  fieldsCommand->add_option("--family", fieldsFamily, "Format family 0 to 3 shipped with kelmora");
+  fieldsCommand->add_flag("--matrix", fieldsMatrix,
+                          "The table of fields by format families 0 to 3, in Markdown");
 
   std::string scenarioPath;
   std::string pictures = ".";
@@ -205,6 +183,15 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
   try {
     if (renderCommand->parsed())
       return render(options, err);
+    if (explainCommand->parsed())
+      return Explain::widgets(explainForm, explainJson, out);
+    if (fieldsCommand->parsed()) {
+      if (fieldsMatrix && fieldsFamily)
+        throw BadInput("--matrix shows every family: leave out --family");
+      return fieldsMatrix
+                 ? Explain::matrix(FormSetup::referenceType(fieldsType), out)
+                 : Explain::fields(FormSetup::referenceType(fieldsType), fieldsFamily, out);
+    }
     if (playCommand->parsed())
       return play(scenarioPath, pictures, out);
 #ifdef KELMORA_WITH_GUI

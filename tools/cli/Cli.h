@@ -6,7 +6,8 @@
 
 namespace kelmora::tools {
 
-// The `kelmora` command line: demo, render, play and gui; without a command
+// The `kelmora` command line: demo, render, explain, fields, play and
+// gui; without a command
 // the usage. Exit status 0 on success; 1 when an expectation or a call
 // failed, the library reported a failure while drawing or the converter
 // failed on a picture; 2 for bad input, no command, or an output that

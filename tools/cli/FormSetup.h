@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace kelmora::tools {
+
+class ToolHost;
+
+// A form as the commands that show one take it from the command line: the
+// reference type, the format (a family shipped with kelmora or a settings
+// file), the option, show all, and the field values to load.
+struct FormSetup {
+  std::string type;
+  std::optional<int32_t> family;
+  std::string settings;
+  int16_t option = -1;
+  bool showAll = false;
+  std::string values;
+
+  // Adds --type, --family, --settings, --option, --show-all and --values.
+  void addOptions(CLI::App& command);
+  // Puts the host's form in this state as a host does: the frame shown,
+  // the format's rules, the record loaded, the option and show all.
+  // Bad input (type, format, values) fails with BadInput.
+  void apply(ToolHost& host) const;
+  int16_t whichType() const;
+
+  // "periodical", "nonperiodical", "esource" or their numbers.
+  static int16_t referenceType(const std::string& text);
+};
+
+}  // namespace kelmora::tools
