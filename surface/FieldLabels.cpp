@@ -18,6 +18,9 @@ namespace {
 // How far, in pixels, a label may end from its field: the forms leave about
 // five pixels, layout code a little more.
 constexpr float kMostGap = 24.0f;
+// A label starts within this many pixels of its field: a caption that
+// reaches across the form is a note, not a field's label.
+constexpr float kMostReach = 200.0f;
 
 // "v8_EsourceDegree,degree" as an author would say it: "Esource degree".
 // Keys that the rule layer ignores name no field.
@@ -64,7 +67,8 @@ const Widget* FieldLabels::labelOf(const Widget& field) {
     const SurfaceRect rect = label->surfaceRect();
     const float middle = rect.top + rect.height / 2;
     const float gap = own.left - (rect.left + rect.width);
-    if (middle < own.top || middle > own.top + own.height || gap < -1.0f || gap > kMostGap)
+    if (middle < own.top || middle > own.top + own.height || gap < -1.0f || gap > kMostGap ||
+        own.left - rect.left > kMostReach)
       continue;
     const std::tuple<bool, float, float> score{label->Visible() != field.Visible(),
                                                std::abs(middle - (own.top + own.height / 2)), gap};

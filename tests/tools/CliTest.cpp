@@ -15,6 +15,8 @@ TEST(CliTest, EveryCommandHasHelp) {
   for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--help"},
                                                     {"demo", "--help"},
                                                     {"render", "--help"},
+                                                    {"explain", "--help"},
+                                                    {"fields", "--help"},
                                                     {"play", "--help"}}) {
     const KelmoraRun run = KelmoraRun::of(arguments);
     EXPECT_EQ(run.status, 0) << arguments[0];

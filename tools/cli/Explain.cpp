@@ -16,7 +16,9 @@
 #include "hosting/RuleExplainer.h"
 #include "platform/Strings.h"
 #include "proxy/FrameProxy.h"
+#include "surface/ComboBox.h"
 #include "surface/FieldLabels.h"
+#include "surface/UserActions.h"
 #include "surface/UserControl.h"
 #include "toggler/DepWidgetToggler.h"
 
@@ -111,12 +113,22 @@ std::vector<int16_t> valueDriven(const DepWidgetToggler& toggler) {
   return driven;
 }
 
-// What a format family does with each field: shown on an empty form in
-// some option with all fields shown, driven by a row that reads a value,
-// or neither.
+// The fields shown in the form's present state, by key.
+void noteShown(const DepWidgetToggler::Controls& controls, std::map<std::string, int>& shown) {
+  for (const auto& widget : controls) {
+    if (widget && !Record::fieldKey(*widget).empty())
+      shown[Record::fieldKey(*widget)] += widget->isShowing() ? 1 : 0;
+  }
+}
+
+// What a format family does with each field, from the states an author can
+// bring an empty form into: each option with all fields shown, and each
+// entry of each pick list. A field shown in all of them shows; in none,
+// and driven by no row that reads a value, never; otherwise it may show.
 std::map<std::string, Availability> availability(int16_t whichType, int32_t family) {
-  std::map<std::string, bool> shown;
+  std::map<std::string, int> shown;
   std::map<std::string, bool> driven;
+  int states = 0;
   for (int16_t option : optionsOf(whichType)) {
     RecordingSink sink;
     ToolHost host(sink, {});
@@ -126,9 +138,18 @@ std::map<std::string, Availability> availability(int16_t whichType, int32_t fami
     container.UpdateFrame(option, true);
     const auto proxy = container.existingProxy(whichType);
     const auto& controls = proxy->controls();
+    noteShown(controls, shown);
+    ++states;
     for (const auto& widget : controls) {
-      if (widget && !Record::fieldKey(*widget).empty())
-        shown[Record::fieldKey(*widget)] |= widget->isShowing();
+      auto list = std::dynamic_pointer_cast<ComboBox>(widget);
+      if (!list || list->Style() != ComboBox::kDropdownList || Record::fieldKey(*list).empty() ||
+          !list->isShowing())
+        continue;
+      for (int16_t entry = 0; entry < list->ListCount(); ++entry) {
+        UserActions::selectItem(*list, entry);
+        noteShown(controls, shown);
+        ++states;
+      }
     }
     if (proxy->dependentWidgetToggler()) {
       for (int16_t index : valueDriven(*proxy->dependentWidgetToggler())) {
@@ -140,10 +161,10 @@ std::map<std::string, Availability> availability(int16_t whichType, int32_t fami
     host.end();
   }
   std::map<std::string, Availability> result;
-  for (const auto& [key, isShown] : shown)
-    result[key] = driven[key] ? Availability::MayShow
-                  : isShown   ? Availability::Shows
-                              : Availability::Never;
+  for (const auto& [key, count] : shown)
+    result[key] = driven[key] || (count > 0 && count < states) ? Availability::MayShow
+                  : count == states                            ? Availability::Shows
+                                                               : Availability::Never;
   return result;
 }
 
