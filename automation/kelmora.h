@@ -227,6 +227,28 @@ int32_t kelmora_type_info(kelmora_variant* out, kelmora_error* error);
    first in an earlier interface is the one called. */
 int32_t kelmora_interfaces_of(kelmora_object* object, kelmora_variant* out, kelmora_error* error);
 
+/* Why each widget of a frame stands as it does: shown or hidden, enabled
+   or disabled, captioned so. `container` is a frame container (13
+   otherwise); `which_type` names its frame, -1 the one shown. *out (cleared
+   first) receives an array with one row per widget of the frame, in the
+   order of its registry, none when the frame has not been made:
+
+     a row  [widget name, class, field key, overall index, caption,
+             shown (boolean), enabled (boolean), source,
+             enable key, dependent widgets, hides (boolean), format family,
+             earlier format (boolean), trigger, condition, value read,
+             condition held (boolean), command, caption when enabled,
+             caption when disabled, applied (boolean), because]
+
+   The source is "frame" when no rule row has acted on the widget (the
+   parts from the enable key to applied are then empty, false or -1),
+   "rule" when the last row that acted on it decided its state, and
+   "rule, then frame" when the frame's own code has changed it since. The
+   command is "show", "disable", "hide" or "recaption"; "because" says the
+   whole in plain words. Reading changes nothing and calls no host. */
+int32_t kelmora_explain(kelmora_object* container, int16_t which_type, kelmora_variant* out,
+                        kelmora_error* error);
+
 /* Variants and errors. */
 void kelmora_variant_init(kelmora_variant* variant);
 void kelmora_variant_clear(kelmora_variant* variant);

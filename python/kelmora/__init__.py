@@ -13,6 +13,7 @@ Python objects whose members are those its type library declares.
 from __future__ import annotations
 
 from ._library import (BRIDGE, CONTROL, CREATABLE, NOT_CREATABLE, ArgumentInfo, ClassInfo,
+                       Explanation,
                        HostObject, InterfaceInfo, KelmoraError, Library, LibraryObject,
                        MemberInfo, Missing, TypeInfo, UserActions, by_reference, describe,
                        iterate)
@@ -24,7 +25,7 @@ from .host import (ESOURCE, NON_PERIODICAL, PERIODICAL, Callback, Container, Con
 __all__ = [
     "BRIDGE", "CONTROL", "CREATABLE", "NOT_CREATABLE", "ESOURCE", "NON_PERIODICAL",
     "PERIODICAL", "ArgumentInfo", "Callback", "ClassInfo", "Container", "ControlWrapper",
-    "Controls", "FormatSettings", "HostForm", "HostObject", "InterfaceInfo", "KelmoraError",
+    "Controls", "Explanation", "FormatSettings", "HostForm", "HostObject", "InterfaceInfo", "KelmoraError",
     "Library", "LibraryObject", "MemberInfo", "Missing", "OutputTemplate", "Record",
     "TracingBridge", "TracingService", "TypeInfo", "UserActions", "by_reference", "describe",
     "formats_folder", "iterate",

@@ -166,6 +166,38 @@ class HostObject:
 # -- the library --------------------------------------------------------------
 
 
+@dataclass(frozen=True)
+class Explanation:
+    """Why one widget of a frame stands as it does. `source` is "frame"
+    when no rule row has acted on it, "rule" when the last row that did
+    decided its state, "rule, then frame" when the frame's own code moved
+    it on since; the row's parts are empty, False or -1 for "frame".
+    `because` says the whole in plain words."""
+
+    widget: str
+    class_name: str
+    key: str
+    index: int
+    caption: str
+    shown: bool
+    enabled: bool
+    source: str
+    enable_key: str
+    dependent_widgets: str
+    hides: bool
+    format_family: int
+    earlier_format: bool
+    trigger: str
+    condition: str
+    value: str
+    condition_held: bool
+    command: str
+    caption_when_enabled: str
+    caption_when_disabled: str
+    applied: bool
+    because: str
+
+
 class Library:
     """libKelmora.so, loaded: its type information, its class objects, the
     host objects it holds, and what a user does on its forms.
@@ -253,6 +285,20 @@ class Library:
         try:
             self.check(self.dll.kelmora_type_info(ctypes.byref(out), ctypes.byref(error)), error)
             return self.from_variant(out)
+        finally:
+            self.dll.kelmora_variant_clear(ctypes.byref(out))
+
+    def explain(self, container: "LibraryObject | Container",
+                which_type: int = -1) -> list[Explanation]:
+        """Why each widget of the frame of `which_type` (the one shown by
+        default) stands as it does, in the order of its registry: the
+        rules' own record, read without changing anything."""
+        control = getattr(container, "control", container)
+        out, error = Variant(), Error()
+        try:
+            self.check(self.dll.kelmora_explain(control._live(), which_type, ctypes.byref(out),
+                                                ctypes.byref(error)), error)
+            return [Explanation(*row) for row in self.from_variant(out)]
         finally:
             self.dll.kelmora_variant_clear(ctypes.byref(out))
 

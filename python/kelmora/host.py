@@ -9,7 +9,7 @@ from collections.abc import MutableMapping
 from pathlib import Path
 from typing import Any, Callable, Iterator, Mapping, Optional, Sequence
 
-from ._library import (KelmoraError, HostObject, Library, LibraryObject, by_reference,
+from ._library import (Explanation, KelmoraError, HostObject, Library, LibraryObject, by_reference,
                        iterate)
 
 # The reference types with a frame, as the library numbers them.
@@ -325,6 +325,11 @@ class Container:
 
     def __enter__(self) -> "Container":
         return self
+
+    def explain(self, which_type: int = -1) -> "list[Explanation]":
+        """Why each widget of a frame stands as it does: see
+        Library.explain."""
+        return self.library.explain(self.control, which_type)
 
     def __exit__(self, *exc: object) -> None:
         self.close()

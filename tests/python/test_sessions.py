@@ -76,3 +76,17 @@ def test_esource_forum_post_renames_the_website_title(library):
         assert label.Caption == "Forum name"
         assert container.field("EsourceTitle").Visible
     assert any("Forum post" in call for call in heard.calls)
+
+
+def test_a_hidden_field_says_which_row_hid_it(library):
+    with library.container() as container:
+        container.SetVisibleFrame(kelmora.NON_PERIODICAL)
+        container.ToggleFormatDependentWidgets(0, kelmora.FormatSettings.family(1))
+        container.UpdateFrame(1, True)
+        rows = {row.widget: row for row in container.explain()}
+    access = rows["TextBox(11)"]
+    assert (access.key, access.shown, access.source) == ("AccessDate", False, "rule")
+    assert access.enable_key == "AccessDate=__ALWAYS_DISABLE__"
+    assert (access.command, access.format_family) == ("hide", 1)
+    assert "the format never uses it" in access.because
+    assert rows["TextBox(1)"].source == "frame"
