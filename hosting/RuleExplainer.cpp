@@ -155,7 +155,7 @@ WidgetExplanation RuleExplainer::explain(const FrameProxy& proxy, int16_t overal
                        : "it stands in " + nameOf(*hider) +
                              ", which the frame's own code (show all, the option, the layout) "
                              "hides";
-  if (decision != nullptr && decision->rule) {
+  if (decision != nullptr && decision->rule != nullptr) {
     explainRule(e, *decision, *toggler, proxy, widget);
     if (hider != nullptr && widget.Visible())
       e.because += "; but " + hidden;

@@ -124,6 +124,7 @@ void DepWidgetToggler::Add(Dictionary& keyToOverallIndex, const std::string& ena
       auto parsed = std::const_pointer_cast<Instruction>(
           parseInstruction(Strings::Join(phrases, op), widgets, options.toggleByHiding));
       parsed->written = writtenRule(enableKey, dependentWidgets, options.toggleByHiding);
+      mExplanations.keep(parsed->written);
       for (const auto& item : parsed->items) {
         if (!item.text.empty() && item.indexError == 0 && item.index >= 0)
           mExplanations.reserve(static_cast<size_t>(item.index) + 1);
@@ -433,11 +434,15 @@ bool DepWidgetToggler::shouldEnableWidgets(const Instruction& instruction, const
   // The deciding condition, for the record: the first alternative that
   // enables, or the first condition of "&&" that does not; the value it
   // read goes into a buffer of the table's own.
-  verdict.condition = -1;
-  mDecidingValue.clear();
+  verdict = {};
   const auto decidedBy = [&](size_t i) {
     verdict.condition = static_cast<int16_t>(i);
-    mDecidingValue.assign(mValue);
+    if (instruction.conditions.size() == 1) {
+      verdict.value = &mValue;
+    } else {
+      mDecidingValue.assign(mValue);
+      verdict.value = &mDecidingValue;
+    }
   };
   return proc.run<bool>([&](bool& result) {
     if (instruction.conditionsText.empty())
@@ -550,7 +555,7 @@ void DepWidgetToggler::recordDecision(int16_t trigger, const Instruction& instru
   RuleDecision* slot = mExplanations.slot(item.index);
   if (slot == nullptr)
     return;
-  slot->rule = instruction.written;
+  slot->rule = instruction.written.get();
   slot->trigger = trigger;
   slot->condition = verdict.condition;
   slot->item = static_cast<int16_t>(&item - instruction.items.data());
@@ -560,7 +565,10 @@ void DepWidgetToggler::recordDecision(int16_t trigger, const Instruction& instru
   try {
     // Reuses the slot's buffer: no allocation once a value of this length
     // has been seen.
-    slot->value.assign(mDecidingValue);
+    if (verdict.value != nullptr)
+      slot->value.assign(*verdict.value);
+    else
+      slot->value.clear();
   } catch (const std::bad_alloc&) {
     slot->value.clear();
   }

@@ -125,6 +125,9 @@ class DepWidgetToggler : public Object, public Dumpable {
   // RuleDecision::condition.
   struct Verdict {
     int16_t condition = -1;
+    // The value that condition read: the table's buffer of the last value
+    // read for a rule of one condition, a copy for a rule of several.
+    const std::string* value = nullptr;
   };
   class CommandList;
 

@@ -1,9 +1,22 @@
 #include "toggler/RuleExplanations.h"
 
+#include <algorithm>
+
 namespace kelmora {
 
 void RuleExplanations::startRegistration() noexcept {
   ++mRegistration;
+  // Rows of earlier registrations stay only while a slot names them.
+  std::erase_if(mKept, [&](const std::shared_ptr<const WrittenRule>& rule) {
+    for (const RuleDecision& slot : mSlots)
+      if (slot.rule == rule.get())
+        return false;
+    return true;
+  });
+}
+
+void RuleExplanations::keep(std::shared_ptr<const WrittenRule> rule) {
+  mKept.push_back(std::move(rule));
 }
 
 void RuleExplanations::registeredFor(int32_t formatFamily) noexcept {

@@ -26,8 +26,9 @@ struct WrittenRule {
 // What the last rule that acted on one widget did, recorded as the rules
 // ran.
 struct RuleDecision {
-  // Nothing while no rule has acted on the widget.
-  std::shared_ptr<const WrittenRule> rule;
+  // Nothing while no rule has acted on the widget. The table keeps the
+  // row alive for as long as a slot names it.
+  const WrittenRule* rule = nullptr;
   // The overall index of the widget whose change ran the rule.
   int16_t trigger = -1;
   // The condition that decided: the alternative that held, or the first
@@ -59,6 +60,8 @@ class RuleExplanations {
   // A new registration begins: rules registered from now on belong to it.
   // What earlier rules decided stays until a new rule acts.
   void startRegistration() noexcept;
+  // Keeps a registered row for the slots that will name it.
+  void keep(std::shared_ptr<const WrittenRule> rule);
   uint32_t registration() const noexcept { return mRegistration; }
   // The format family the current registration's rules were written for,
   // as the frame read it; -1 when the frame does not tell.
@@ -74,6 +77,9 @@ class RuleExplanations {
 
  private:
   std::vector<RuleDecision> mSlots;
+  // The rows of the current registration and those of earlier ones that a
+  // slot still names.
+  std::vector<std::shared_ptr<const WrittenRule>> mKept;
   std::vector<int32_t> mFormats;
   uint32_t mRegistration = 0;
 };

@@ -50,7 +50,7 @@ Seen seen(const DepWidgetToggler& toggler, size_t index) {
   const RuleDecision* decision = toggler.explanations().decisionFor(static_cast<int16_t>(index));
   if (decision == nullptr || !decision->rule)
     return {nullptr, -1};
-  return {decision->rule.get(), decision->trigger};
+  return {decision->rule, decision->trigger};
 }
 
 // For every row of every format, option and show-all state of the two

@@ -54,7 +54,9 @@ int render(const RenderOptions& options, std::ostream& err) {
   options.form.apply(host);
   FrameContainer& container = host.container();
 
-  const std::string svg = SvgRenderer::render(container, {.outlineHidden = options.debug});
+  const std::string svg = SvgRenderer::render(
+      container,
+      {.outlineHidden = options.debug, .explain = SvgRenderer::explanationsOf(container)});
   const bool svgOutput = !namesPng(options.output);
   if (svgOutput)
     OutputFile::write(options.output, svg);

@@ -2,8 +2,13 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 #include <sstream>
+#include <unordered_map>
 
+#include "hosting/FrameContainer.h"
+#include "hosting/RuleExplainer.h"
+#include "proxy/FrameProxy.h"
 #include "render/FormFontMetrics.h"
 #include "surface/CaptionLayout.h"
 #include "surface/CheckBox.h"
@@ -80,7 +85,8 @@ struct Box {
 
 class Painter {
  public:
-  Painter(std::ostringstream& out, bool outlineHidden) : mOut(out), mOutlineHidden(outlineHidden) {}
+  Painter(std::ostringstream& out, const SvgRenderer::Options& options)
+      : mOut(out), mOutlineHidden(options.outlineHidden), mExplain(options.explain) {}
 
   // The widgets of `control` standing in `container`: labels first, since
   // windowed widgets lie above them, then the rest in form order, each
@@ -159,8 +165,14 @@ class Painter {
     if (!enabled)
       mOut << " data-disabled=\"true\"";
     mOut << ">";
-    if (!widget.ToolTipText().empty())
-      mOut << "<title>" << escape(widget.ToolTipText()) << "</title>";
+    std::string title = widget.ToolTipText();
+    if (mExplain) {
+      const std::string reason = mExplain(widget);
+      if (!reason.empty())
+        title += (title.empty() ? "" : "\n") + reason;
+    }
+    if (!title.empty())
+      mOut << "<title>" << escape(title) << "</title>";
 
     // Input widgets greyed when disabled: the rule layer may already have
     // given them the inactive colour, and a widget disabled otherwise gets
@@ -261,17 +273,31 @@ class Painter {
 
   std::ostringstream& mOut;
   bool mOutlineHidden;
+  const std::function<std::string(const Widget&)>& mExplain;
   int mClips = 0;
   std::vector<std::string> mOutlines;
 };
 
 }  // namespace
 
+std::function<std::string(const Widget&)> SvgRenderer::explanationsOf(
+    const FrameContainer& container) {
+  auto reasons = std::make_shared<std::unordered_map<const Widget*, std::string>>();
+  if (const auto proxy = container.existingProxy(container.currentFrame())) {
+    for (const auto& e : RuleExplainer::explain(container))
+      (*reasons)[proxy->controls()[static_cast<size_t>(e.overallIndex)].get()] = e.because;
+  }
+  return [reasons](const Widget& widget) {
+    const auto found = reasons->find(&widget);
+    return found == reasons->end() ? std::string() : "Why: " + found->second;
+  };
+}
+
 std::string SvgRenderer::render(const UserControl& root, Options options) {
   const float width = root.Width();
   const float height = root.Height();
   std::ostringstream body;
-  Painter painter(body, options.outlineHidden);
+  Painter painter(body, options);
   painter.paintContainer(root, &root, 0, 0);
   painter.paintOutlines();
 

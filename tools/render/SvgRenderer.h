@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace kelmora {
+class FrameContainer;
 class UserControl;
 class Widget;
 }  // namespace kelmora
@@ -29,7 +31,14 @@ class SvgRenderer {
  public:
   struct Options {
     bool outlineHidden = false;
+    // Why a widget stands as it does, added to its title; nothing by
+    // default.
+    std::function<std::string(const Widget&)> explain;
   };
+
+  // The explanations of the widgets of the frame a container shows, as
+  // Options::explain takes them. The container must outlive the result.
+  static std::function<std::string(const Widget&)> explanationsOf(const FrameContainer& container);
 
   static std::string render(const UserControl& root, Options options);
 };
