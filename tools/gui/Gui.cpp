@@ -81,7 +81,6 @@ int Gui::run(const Options& options, std::ostream& out, std::ostream& err) {
     GuiWindow window(host, log);
     if (options.scenario.empty())
       window.showChosenFrame();
-    window.resize(1100, 640);
     window.show();
     if (!options.scenario.empty()) {
       ScenarioPlayer player(host, log, options.pictures);

@@ -1,23 +1,23 @@
 #pragma once
 
 #include <functional>
-#include <string>
+#include <vector>
 
 #include "host/EventSink.h"
 
 namespace kelmora::tools {
 
-// The live log of the window: each event in the demo's readable form,
-// handed on line by line as it happens. Lines that arrive before anyone
-// listens are kept for the first listener.
+// Where the window hears of every event between host and library, as it
+// happens. Events that arrive before anyone listens are kept for the first
+// listener.
 class LogSink : public EventSink {
  public:
   void emit(const Json& event) override;
-  void listen(std::function<void(const std::string&)> listener);
+  void listen(std::function<void(const Json&)> listener);
 
  private:
-  std::function<void(const std::string&)> mListener;
-  std::string mPending;
+  std::function<void(const Json&)> mListener;
+  std::vector<Json> mPending;
 };
 
 }  // namespace kelmora::tools
