@@ -599,11 +599,16 @@ void FormView::mouseMoveAt(const QWidget* view, QPointF at) {
   mLastMoveAt = onForm;
   mLastMoveTime = now;
   auto control = root();
-  if (control)
-    perform(nullptr, "a mouse move", [&] {
-      UserActions::moveMouseAt(*control, static_cast<float>(onForm.x()),
-                               static_cast<float>(onForm.y()));
-    });
+  if (!control)
+    return;
+  // The toolkit counts the form's own pixels, whatever the zoom.
+  const float x = static_cast<float>(onForm.x() / mZoom);
+  const float y = static_cast<float>(onForm.y() / mZoom);
+  if (onPointerOver) {
+    auto over = control->widgetAt(x, y);
+    onPointerOver(over ? over : std::shared_ptr<Widget>(control));
+  }
+  perform(nullptr, "a mouse move", [&] { UserActions::moveMouseAt(*control, x, y); });
 }
 
 bool FormView::focusNextPrevChild(bool next) {
@@ -634,7 +639,7 @@ void FormView::dropEvent(QDropEvent* event) {
   auto control = root();
   if (!control || !event->mimeData()->hasText())
     return;
-  const QPointF at = event->position();
+  const QPointF at = event->position() / mZoom;
   std::shared_ptr<Widget> target =
       control->widgetAt(static_cast<float>(at.x()), static_cast<float>(at.y()));
   if (!target)

@@ -62,6 +62,9 @@ class FormView : public QWidget, private PropertyObserver {
 
   // Told, as one line, of every action the toolkit refused or that failed.
   std::function<void(const std::string&)> onFailure;
+  // Told of the toolkit widget under the pointer as it moves over the form
+  // (the form's user control where no widget stands).
+  std::function<void(const std::shared_ptr<Widget>&)> onPointerOver;
   // Makes the drag data for text dropped from another program. Without it
   // the drop carries the toolkit's empty data object.
   std::function<std::shared_ptr<DataObject>(const std::string&)> dropData;

@@ -24,6 +24,8 @@
 #include "host/ToolHost.h"
 #include "hosting/FrameContainer.h"
 #include "qt/FormView.h"
+#include "scenario/Scenario.h"
+#include "scenario/ScenarioPlayer.h"
 #include "scenario/WidgetLocator.h"
 #include "surface/FieldLabels.h"
 #include "surface/Focus.h"
@@ -151,6 +153,50 @@ TEST(GuiWindowTest, TheKindOnThePanelSelectsTheFramesOptionAndFollowsAReferences
     EXPECT_FALSE(dynamic_cast<OptionButton&>(*gui.widget(choice.selected)).Value());
     EXPECT_EQ(failuresOf(gui), "");
   }
+}
+
+// A scenario drives the library, not the panel: the panel still shows the
+// frame, family, show all and kind the scenario set, as README's picture of
+// the demo does.
+TEST(GuiWindowTest, ThePanelAgreesWithAScenarioPlayedIntoTheWindow) {
+  // As `kelmora gui --scenario` builds it: the scenario shows the frame.
+  LogSink log;
+  ScratchDir pictures;
+  ToolHost host(log, {});
+  {
+    GuiWindow window(host, log);
+    ScenarioPlayer player(host, log, pictures.path().string());
+    EXPECT_EQ(player.play(Scenario::load(KELMORA_EXAMPLES_DIR "/demo-periodical.json")), 0);
+    const auto panel = [&](const char* name) { return window.findChild<QWidget*>(name); };
+    EXPECT_EQ(static_cast<QComboBox*>(panel("type"))->currentText().toStdString(), "Periodical");
+    EXPECT_EQ(static_cast<QSpinBox*>(panel("family"))->value(), 2);
+    EXPECT_TRUE(static_cast<QCheckBox*>(panel("showAll"))->isChecked());
+    EXPECT_EQ(static_cast<QComboBox*>(panel("subtype"))->currentText().toStdString(), "Newspaper");
+  }
+  host.end();
+}
+
+// The Why dock names the row that decided the field under the pointer, at
+// any zoom, and the field in focus.
+TEST(GuiWindowTest, TheWhyDockNamesTheRowOfTheFieldUnderThePointerOrInFocus) {
+  Window gui(true);
+  gui.choose("type", QStringLiteral("NonPeriodical"));
+  gui.panel<QSpinBox>("family").setValue(1);
+  gui.choose("bookOrWebsite", QStringLiteral("Website"));
+  const auto why = [&] { return gui.panel<QLabel>("inspector").text().toStdString(); };
+  for (double zoom : {1.0, 2.0}) {
+    gui.window->setZoom(zoom);
+    QWidget* website = gui.qtWidget("TextBox(10)");
+    QTest::mouseMove(website, website->rect().center());
+    EXPECT_NE(why().find("«Website / DOI» TextBox(10), Online: shown"), std::string::npos)
+        << "zoom " << zoom << ": " << why();
+    EXPECT_NE(why().find("the row \"v8_PublicationMediumComboLabel=__ALWAYS_ENABLE__\""),
+              std::string::npos)
+        << why();
+  }
+  QTest::mouseClick(gui.qtWidget("TextBox(1)"), Qt::LeftButton);
+  EXPECT_NE(why().find("«Title» TextBox(1), Title: shown, enabled"), std::string::npos) << why();
+  EXPECT_NE(why().find("no rule has acted on it: the form shows it"), std::string::npos) << why();
 }
 
 TEST(GuiWindowTest, AReferenceGoesToAFileAndComesBackThroughThePanel) {

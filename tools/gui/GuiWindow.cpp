@@ -28,6 +28,7 @@
 #include "host/ToolHost.h"
 #include "hosting/FrameContainer.h"
 #include "hosting/Main2.h"
+#include "hosting/RuleExplainer.h"
 #include "platform/RuntimeError.h"
 #include "proxy/FrameProxy.h"
 #include "qt/FormView.h"
@@ -113,6 +114,24 @@ GuiWindow::GuiWindow(ToolHost& host, LogSink& log) : mHost(host), mLog(log) {
                         QDockWidget::DockWidgetFloatable);
   addDockWidget(Qt::BottomDockWidgetArea, mLogDock);
 
+  mWhy =
+      new QLabel(QStringLiteral("Point at a field or give it the focus to see why it "
+                                "stands as it does."));
+  mWhy->setObjectName(QStringLiteral("inspector"));
+  mWhy->setWordWrap(true);
+  mWhy->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  mWhy->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  mWhy->setMargin(6);
+  mWhyDock = new QDockWidget(QStringLiteral("Why"));
+  mWhyDock->setObjectName(QStringLiteral("whyDock"));
+  mWhyDock->setWidget(mWhy);
+  mWhyDock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+  addDockWidget(Qt::LeftDockWidgetArea, mWhyDock);
+  mForm->onPointerOver = [this](const std::shared_ptr<Widget>& widget) {
+    if (widget != mInspected.lock())
+      inspect(widget);
+  };
+
   mZoom = new QLabel;
   mZoom->setObjectName(QStringLiteral("zoom"));
   statusBar()->addPermanentWidget(mZoom);
@@ -184,6 +203,9 @@ void GuiWindow::buildMenus() {
   QAction* panel = mPanelDock->toggleViewAction();
   panel->setText(QStringLiteral("Host &panel"));
   view->addAction(panel);
+  QAction* why = mWhyDock->toggleViewAction();
+  why->setText(QStringLiteral("&Why a field stands so"));
+  view->addAction(why);
   QAction* log = mLogDock->toggleViewAction();
   log->setText(QStringLiteral("&Log"));
   log->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
@@ -392,6 +414,28 @@ void GuiWindow::askSave() {
   saveFile(path.toStdString());
 }
 
+void GuiWindow::inspect(const std::shared_ptr<Widget>& widget) {
+  const auto shown = widget ? widget : mInspected.lock();
+  if (!shown)
+    return;
+  mInspected = shown;
+  const FrameContainer& container = mHost.container();
+  const auto proxy = container.existingProxy(container.currentFrame());
+  const auto& controls = proxy ? proxy->controls() : DepWidgetToggler::Controls{};
+  const auto at = std::find(controls.begin(), controls.end(), shown);
+  if (at == controls.end()) {
+    mWhy->setText(QStringLiteral("No field here: the pointer is over the form itself."));
+    return;
+  }
+  const WidgetExplanation e =
+      RuleExplainer::explain(*proxy, static_cast<int16_t>(at - controls.begin()));
+  const std::string heading = (e.caption.empty() ? e.name : "«" + e.caption + "» " + e.name) +
+                              (e.key.empty() ? "" : ", " + e.key) + ": " +
+                              (e.shown ? "shown" : "hidden") + ", " +
+                              (e.enabled ? "enabled" : "disabled");
+  mWhy->setText(QString::fromStdString(heading + "\n\nBecause " + e.because + "."));
+}
+
 void GuiWindow::retitle() {
   const auto file = mFileOf.find(mPanel->whichType());
   const std::string name = file != mFileOf.end() ? file->second.filename().string() : "untitled";
@@ -406,12 +450,27 @@ void GuiWindow::heard(const Json& event) {
   try {
     // The panel shows the kind the frame selected, for the panel or for a
     // reference that was loaded.
+    // And what a host call made without the panel set up: the frame shown,
+    // the format family, show all.
+    const Json& args = event.contains("args") ? event["args"] : Json();
+    const std::string call = event.value("host", "");
+    if (call == "SetVisibleFrame" && args.size() >= 1 && args[0].is_number_integer()) {
+      mPanel->selectType(args[0].get<int16_t>());
+    } else if (call == "ToggleFormatDependentWidgets" && args.size() >= 2 &&
+               args[0].is_number_integer() && args[1].is_number_integer()) {
+      mPanel->followFamily(args[1].get<int32_t>());
+      mFamilyOf[args[0].get<int16_t>()] = args[1].get<int32_t>();
+    } else if (call == "UpdateFrame" && args.size() >= 2 && args[1].is_boolean()) {
+      mPanel->followShowAll(args[1].get<bool>());
+    }
     if (event.value("callback", "") == "OptionButtonChanged") {
       const Json& args = event["args"];
       mPanel->follow(static_cast<int16_t>(args.value("whichType", -1)),
                      static_cast<int16_t>(args.value("Index", -1)));
     }
     mFolder.add(event);
+    // What the library just did may have changed the inspected field.
+    inspect(nullptr);
   } catch (const std::exception& error) {
     mFolder.failure(std::string("the log could not show an event: ") + error.what());
   }
@@ -495,8 +554,10 @@ void GuiWindow::watch(QObject* watched, QEvent* event) {
       else if (told && mFocusOnForm)
         mFolder.focusMoved("");
       mFocusOnForm = widget != nullptr;
-      if (widget)
+      if (widget) {
         mLastOnForm = widget;
+        inspect(widget);
+      }
       break;
     }
     default:

@@ -89,6 +89,9 @@ class GuiWindow : public QMainWindow {
   void askOpen();
   void askSave();
   void retitle();
+  // Names the rule row that last decided `widget`'s state, or that none
+  // did; again for the widget already shown when given nothing.
+  void inspect(const std::shared_ptr<Widget>& widget);
   void showZoom();
   QSize defaultSize() const;
 
@@ -101,6 +104,10 @@ class GuiWindow : public QMainWindow {
   LogView* mLogView = nullptr;
   QDockWidget* mPanelDock = nullptr;
   QDockWidget* mLogDock = nullptr;
+  // Why the field in focus or under the pointer stands as it does.
+  QDockWidget* mWhyDock = nullptr;
+  QLabel* mWhy = nullptr;
+  std::weak_ptr<Widget> mInspected;
   QLabel* mZoom = nullptr;
   // The format family each reference type's rules were last set up for: a
   // type shown again under another family is told the format changed.

@@ -169,6 +169,18 @@ void HostPanel::follow(int16_t whichType, int16_t option) {
   kinds->setCurrentIndex(option);
 }
 
+void HostPanel::followFamily(int32_t family) {
+  if (family < mFamily->minimum() || family > mFamily->maximum())
+    return;
+  const QSignalBlocker quiet(mFamily);
+  mFamily->setValue(family);
+}
+
+void HostPanel::followShowAll(bool showAll) {
+  const QSignalBlocker quiet(mShowAll);
+  mShowAll->setChecked(showAll);
+}
+
 void HostPanel::exampleAvailable(bool available) {
   mExample->setEnabled(available);
 }

@@ -48,6 +48,10 @@ class HostPanel : public QWidget {
   void selectType(int16_t whichType);
   // The frame of a type selected an option: the panel shows that kind.
   void follow(int16_t whichType, int16_t option);
+  // A format family or show all set by a host call the panel did not make
+  // (a scenario played into the window): the panel shows it.
+  void followFamily(int32_t family);
+  void followShowAll(bool showAll);
   void exampleAvailable(bool available);
 
   // What the person asks for.
