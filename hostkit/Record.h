@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hostkit/Json.h"
+
 namespace kelmora {
 class FrameContainer;
 class Main2;
@@ -43,6 +45,11 @@ class Record {
   const std::vector<std::string>& values() const { return mValues; }
   // By reference, as the library takes it.
   std::vector<std::string>& values() { return mValues; }
+  // What another format's reference holds that the type's fields have no
+  // place for (the CSL variables of a reference read from CSL-JSON), kept
+  // with the record so that it comes back out; an object, empty at first.
+  const Json& extras() const { return mExtras; }
+  Json& extras() { return mExtras; }
 
   // The value a widget shows as a field: a text box's or combo box's text,
   // a label's caption, an option's or check box's state.
@@ -62,6 +69,7 @@ class Record {
   int16_t mWhichType;
   std::vector<std::string> mKeys;
   std::vector<std::string> mValues;
+  Json mExtras = Json::object();
 };
 
 }  // namespace kelmora::host
