@@ -249,6 +249,24 @@ int32_t kelmora_interfaces_of(kelmora_object* object, kelmora_variant* out, kelm
 int32_t kelmora_explain(kelmora_object* container, int16_t which_type, kelmora_variant* out,
                         kelmora_error* error);
 
+/* CSL-JSON, the exchange format of reference managers, to and from a
+   record by the host kit's mapping. `main` is a Main2 (13 otherwise).
+
+   kelmora_csl_read takes one CSL item as JSON text and answers, as a
+   string in *out (cleared first), the record's JSON:
+     {"whichType": 1, "values": {field key: text, ...}, "extras": {...},
+      "option": n}
+   with the option that UpdateFrame selects (-1 for an e-source) and, in
+   "extras", what the form has no field for. kelmora_csl_write takes such a
+   record ("option" is not needed) and answers the CSL item as JSON text.
+   Input that is no such JSON, an item of a type no form takes, or a
+   variable the mapping cannot read fails with 5 and a description naming
+   the item and the variable. */
+int32_t kelmora_csl_read(kelmora_object* main, const char* item, kelmora_variant* out,
+                         kelmora_error* error);
+int32_t kelmora_csl_write(kelmora_object* main, const char* record, kelmora_variant* out,
+                          kelmora_error* error);
+
 /* Variants and errors. */
 void kelmora_variant_init(kelmora_variant* variant);
 void kelmora_variant_clear(kelmora_variant* variant);

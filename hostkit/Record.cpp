@@ -58,6 +58,46 @@ Record Record::fromValues(Main2& main, int16_t whichType, std::vector<std::strin
   return record;
 }
 
+Json Record::toJson() const {
+  Json values = Json::object();
+  for (size_t i = 0; i < mKeys.size(); ++i) {
+    // Positions without a key hold nothing a host stores.
+    if (!mKeys[i].empty())
+      values[mKeys[i]] = mValues[i];
+  }
+  Json json = {{"whichType", mWhichType}, {"values", std::move(values)}};
+  if (!mExtras.empty())
+    json["extras"] = mExtras;
+  return json;
+}
+
+Record Record::fromJson(Main2& main, const Json& json, const std::string& what) {
+  const Json type = json.is_object() ? json.value("whichType", Json()) : Json();
+  if (!json.is_object() || !json.contains("values") || !json["values"].is_object())
+    throw BadInput(what + " must be an object with \"whichType\" and \"values\" by field key");
+  if (!type.is_number_integer() ||
+      (type.get<int>() != 0 && type.get<int>() != 1 && type.get<int>() != 4))
+    throw BadInput(what +
+                   ": \"whichType\" must be 0 (NonPeriodical), 1 (Periodical) or 4 (Esource)");
+  Record record = newReference(main, static_cast<int16_t>(type.get<int>()));
+  for (const auto& [key, value] : json["values"].items()) {
+    // Field values are texts as the host holds them: "12", "True".
+    if (!value.is_string())
+      throw BadInput(what + ": the value of '" + key + "' must be a text");
+    try {
+      record.set(key, value.get<std::string>());
+    } catch (const BadInput& refused) {
+      throw BadInput(what + ": " + refused.what());
+    }
+  }
+  if (json.contains("extras")) {
+    if (!json["extras"].is_object())
+      throw BadInput(what + ": \"extras\" must be an object");
+    record.mExtras = json["extras"];
+  }
+  return record;
+}
+
 namespace {
 
 const UserControl* frameOf(const FrameContainer& container, int16_t whichType) {

@@ -51,6 +51,14 @@ class Record {
   const Json& extras() const { return mExtras; }
   Json& extras() { return mExtras; }
 
+  // The record as JSON: {"whichType": 1, "values": {key: text, ...},
+  // "extras": {...}}, the extras only when there are some.
+  Json toJson() const;
+  // A record from that JSON, over the defaults of a new reference, so that
+  // fields may be left out. Anything else (another type, a key the type
+  // lacks, a value that is no text) is refused with BadInput naming `what`.
+  static Record fromJson(Main2& main, const Json& json, const std::string& what);
+
   // The value a widget shows as a field: a text box's or combo box's text,
   // a label's caption, an option's or check box's state.
   static std::string shownValue(const Widget& widget);

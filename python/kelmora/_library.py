@@ -302,6 +302,15 @@ class Library:
         finally:
             self.dll.kelmora_variant_clear(ctypes.byref(out))
 
+    def _csl(self, function: str, text: str) -> str:
+        out, error = Variant(), Error()
+        try:
+            self.check(getattr(self.dll, function)(self.main._live(), text.encode(),
+                                                   ctypes.byref(out), ctypes.byref(error)), error)
+            return str(self.from_variant(out))
+        finally:
+            self.dll.kelmora_variant_clear(ctypes.byref(out))
+
     def class_info(self, name: str) -> ClassInfo:
         """A class by its name or its program name ("Kelmora.Periodical")."""
         prefix = self.type_info.name + "."

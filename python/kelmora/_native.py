@@ -101,6 +101,8 @@ def _signatures() -> dict[str, tuple[Any, list[Any]]]:
         "kelmora_set_message_box": (i32, [MESSAGE_BOX, p, e]),
         "kelmora_type_info": (i32, [v, e]),
         "kelmora_explain": (i32, [p, i16, v, e]),
+        "kelmora_csl_read": (i32, [p, s, v, e]),
+        "kelmora_csl_write": (i32, [p, s, v, e]),
         "kelmora_interfaces_of": (i32, [p, v, e]),
         "kelmora_variant_clear": (None, [v]),
         "kelmora_variant_set_string": (None, [v, s]),

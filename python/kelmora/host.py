@@ -262,6 +262,11 @@ class Record(MutableMapping[str, str]):
                     self._values[index] = pairs[position + 1]
         for key, value in (values or {}).items():
             self[key] = value
+        # The reference type, where the record knows it, and what another
+        # format's reference held that the type has no field for.
+        self.which_type: Optional[int] = None
+        self.extras: dict[str, Any] = {}
+        self.option = -1
 
     @classmethod
     def from_values(cls, model: LibraryObject, values: Sequence[str]) -> "Record":
@@ -271,6 +276,33 @@ class Record(MutableMapping[str, str]):
             if index < record._size:
                 record._values[index] = str(value)
         return record
+
+    @classmethod
+    def from_csl(cls, library: Library, item: Mapping[str, Any] | str) -> "Record":
+        """The record of one CSL-JSON item (a dict, or its JSON text) by the
+        host kit's mapping: the form its type goes to, the option of its
+        kind in `option`, and what the form has no field for in `extras`.
+        A bad item raises KelmoraError 5 naming the item and the variable."""
+        text = item if isinstance(item, str) else json.dumps(item)
+        answer = json.loads(library._csl("kelmora_csl_read", text))
+        model = library.main.Model(answer["whichType"])
+        try:
+            record = cls(model, answer["values"], defaults=False)
+        finally:
+            model.release()
+        record.which_type = int(answer["whichType"])
+        record.extras = dict(answer.get("extras", {}))
+        record.option = int(answer.get("option", -1))
+        return record
+
+    def to_csl(self, library: Library) -> dict[str, Any]:
+        """The CSL-JSON item of this record, its extras included."""
+        if self.which_type is None:
+            raise KelmoraError(5, "the record does not know its reference type")
+        text = json.dumps({"whichType": self.which_type, "values": dict(self),
+                           "extras": self.extras})
+        answer: dict[str, Any] = json.loads(library._csl("kelmora_csl_write", text))
+        return answer
 
     def to_values(self) -> list[str]:
         """The list the library stores, by internal index."""
@@ -363,9 +395,11 @@ class Container:
         """A new reference of a type, from its defaults and `values`."""
         model = self.library.main.Model(which_type)
         try:
-            return Record(model, values)
+            record = Record(model, values)
         finally:
             model.release()
+        record.which_type = which_type
+        return record
 
     def widget(self, name: str, index: int = -1) -> LibraryObject:
         """A widget of the shown frames by name, and index in a control array."""

@@ -1,5 +1,6 @@
 """Editing sessions as a Python host plays them, and what the host hears."""
 
+import json
 from pathlib import Path
 
 import kelmora
@@ -90,3 +91,23 @@ def test_a_hidden_field_says_which_row_hid_it(library):
     assert (access.command, access.format_family) == ("hide", 1)
     assert "the format never uses it" in access.because
     assert rows["TextBox(1)"].source == "frame"
+
+
+def test_a_csl_item_goes_into_its_form_and_comes_back(library):
+    item = json.loads((REPOSITORY / "tests/hostkit/csl/corpus.json").read_text())[0]
+    record = kelmora.Record.from_csl(library, item)
+    assert (record.which_type, record.option) == (kelmora.PERIODICAL, 0)
+    assert record["PeriodicalAuthor"] == "Okafor, N."
+    assert record.extras["URL"] == item["URL"], "the URL beside the DOI is kept"
+    with library.container() as container:
+        container.SetVisibleFrame(record.which_type)
+        container.SynchronizeFieldsWithModel(record.which_type, record)
+        container.UpdateFrame(record.option, True)
+        assert container.field("PeriodicalOnline").Text == item["DOI"]
+    assert record.to_csl(library) == item
+    try:
+        kelmora.Record.from_csl(library, {"id": "x", "type": "patent"})
+        raise AssertionError("a patent has no form")
+    except kelmora.KelmoraError as error:
+        assert error.number == 5
+        assert "CSL item 'x'" in str(error)

@@ -21,9 +21,11 @@
 #include "host/OutputFile.h"
 #include "host/ReadableSink.h"
 #include "host/RecordingSink.h"
+#include "host/ReferenceFile.h"
 #include "host/ToolCallback.h"
 #include "host/ToolHost.h"
 #include "hosting/FrameContainer.h"
+#include "hostkit/Csl.h"
 #include "platform/RuntimeError.h"
 #include "render/PngConverter.h"
 #include "render/SvgRenderer.h"
@@ -89,15 +91,61 @@ int render(const RenderOptions& options, std::ostream& err) {
   return status;
 }
 
-int play(const std::string& path, const std::string& pictures, std::ostream& out) {
+int play(const std::string& path, const std::string& pictures, const std::string& csl,
+         const std::string& item, std::ostream& out) {
   const Scenario scenario = Scenario::load(path);
   JsonLinesSink sink(out);
   ToolHost host(sink,
                 {.failureAnswer = scenario.failureAnswer, .answerChanges = scenario.answerChanges});
+  if (!item.empty() && csl.empty())
+    throw BadInput("--item names an item of a CSL-JSON file: give the file with --csl");
+  if (!csl.empty()) {
+    // The reference the scenario works on, loaded as a host loads one.
+    Record reference = ReferenceFile::read(host.main(), csl, item);
+    sink.emit({{"host", "SynchronizeFieldsWithModel"},
+               {"args", {reference.whichType(), host::Csl::idOf(host::Csl::write(reference))}}});
+    host.host().show(reference.whichType());
+    host.host().load(reference, host::Csl::optionOf(reference));
+  }
   ScenarioPlayer player(host, sink, pictures);
   const int unmet = player.play(scenario);
   host.end();
   return unmet == 0 ? 0 : 1;
+}
+
+// CSL-JSON to reference files, or reference files to CSL-JSON.
+int convert(const std::string& input, const std::string& item, const std::string& output,
+            std::ostream& out) {
+  const std::string what = "'" + input + "'";
+  const Json document = JsonReader::read(input, what);
+  RecordingSink sink;
+  ToolHost host(sink, {});
+  Json result;
+  const bool references =
+      ReferenceFile::isReference(document) ||
+      (document.is_array() && !document.empty() && ReferenceFile::isReference(document.front()));
+  if (references) {
+    if (!item.empty())
+      throw BadInput("--item chooses among CSL items; " + what + " holds reference files");
+    result = Json::array();
+    const Json list = document.is_array() ? document : Json::array({document});
+    for (size_t i = 0; i < list.size(); ++i)
+      result.push_back(host::Csl::write(ReferenceFile::fromJson(
+          host.main(), list[i], what + ", reference " + std::to_string(i + 1))));
+  } else if (!item.empty()) {
+    result = ReferenceFile::toJson(ReferenceFile::fromCsl(host.main(), document, item, what));
+  } else {
+    result = Json::array();
+    for (const Json& one : host::Csl::items(document, what))
+      result.push_back(ReferenceFile::toJson(host::Csl::read(host.main(), one)));
+  }
+  host.end();
+  const std::string text = result.dump(2) + "\n";
+  if (output.empty())
+    out << text;
+  else
+    OutputFile::write(output, text);
+  return 0;
 }
 
 }  // namespace
@@ -150,6 +198,22 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
   playCommand->add_option("scenario", scenarioPath, "Scenario file (JSON)")->required();
   playCommand->add_option("--pictures", pictures, "Directory the steps' \"svg\" paths are under")
       ->capture_default_str();
+  std::string playCsl;
+  std::string playItem;
+  FormSetup::addCslOptions(*playCommand, playCsl, playItem);
+
+  std::string convertInput;
+  std::string convertOutput;
+  std::string convertItem;
+  auto* convertCommand = app.add_subcommand(
+      "convert",
+      "Turn CSL-JSON into reference files (type and values by field key) and back; the "
+      "direction follows the input");
+  convertCommand->add_option("input", convertInput, "CSL-JSON or reference file (JSON)")
+      ->required();
+  convertCommand->add_option("-o,--output", convertOutput,
+                             "File to write; standard output without");
+  convertCommand->add_option("--item", convertItem, "Only the CSL item with this id");
 
 #ifdef KELMORA_WITH_GUI
   Gui::Options guiOptions;
@@ -163,6 +227,7 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
       ->capture_default_str();
   guiCommand->add_option("--screenshot", guiOptions.screenshot,
                          "Save a PNG of the window and end (no display needed)");
+  FormSetup::addCslOptions(*guiCommand, guiOptions.csl, guiOptions.item);
 #else
   // The command is known either way, so that its absence is explained.
   auto* guiCommand = app.add_subcommand(
@@ -185,6 +250,8 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
   try {
     if (renderCommand->parsed())
       return render(options, err);
+    if (convertCommand->parsed())
+      return convert(convertInput, convertItem, convertOutput, out);
     if (explainCommand->parsed())
       return Explain::widgets(explainForm, explainJson, out);
     if (fieldsCommand->parsed()) {
@@ -195,7 +262,7 @@ int Cli::run(const std::vector<std::string>& arguments, std::ostream& out, std::
                  : Explain::fields(FormSetup::referenceType(fieldsType), fieldsFamily, out);
     }
     if (playCommand->parsed())
-      return play(scenarioPath, pictures, out);
+      return play(scenarioPath, pictures, playCsl, playItem, out);
 #ifdef KELMORA_WITH_GUI
     if (guiCommand->parsed())
       return Gui::run(guiOptions, out, err);

@@ -228,8 +228,8 @@ const char* typeName(int16_t whichType) {
 int Explain::widgets(const FormSetup& form, bool json, std::ostream& out) {
   RecordingSink sink;
   ToolHost host(sink, {});
-  form.apply(host);
-  const auto explanations = RuleExplainer::explain(host.container(), form.whichType());
+  const int16_t whichType = form.apply(host);
+  const auto explanations = RuleExplainer::explain(host.container(), whichType);
   host.end();
   if (json) {
     for (const auto& e : explanations) out << toJson(e).dump() << '\n';

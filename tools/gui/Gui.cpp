@@ -14,6 +14,7 @@
 #include "gui/GuiWindow.h"
 #include "gui/LogSink.h"
 #include "host/OutputFile.h"
+#include "host/ReferenceFile.h"
 #include "host/ToolHost.h"
 #include "scenario/Scenario.h"
 #include "scenario/ScenarioPlayer.h"
@@ -72,15 +73,25 @@ int Gui::run(const Options& options, std::ostream& out, std::ostream& err) {
   char* argv[] = {name, nullptr};
   QApplication application(argc, argv);
 
+  if (options.csl.empty() && !options.item.empty())
+    throw BadInput("--item names an item of a CSL-JSON file: give the file with --csl");
   LogSink log;
   ToolHost host(log, {.failureAnswer = options.scenario.empty() ? 5 : scenario.failureAnswer,
                       .answerChanges = options.scenario.empty() || scenario.answerChanges});
+  // A reference that cannot be read is refused in one line, before any
+  // window opens.
+  if (!options.csl.empty())
+    ReferenceFile::read(host.main(), options.csl, options.item);
   int unmet = 0;
   QByteArray screenshot;
   {
     GuiWindow window(host, log);
     if (options.scenario.empty())
       window.showChosenFrame();
+    if (!options.csl.empty() && !window.openFile(options.csl, options.item)) {
+      err << "kelmora: cannot open the reference: see the window's log\n";
+      return 2;
+    }
     window.show();
     if (!options.scenario.empty()) {
       ScenarioPlayer player(host, log, options.pictures);

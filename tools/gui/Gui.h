@@ -15,6 +15,9 @@ class Gui {
     std::string scenario;
     std::string pictures = ".";
     std::string screenshot;
+    // A CSL-JSON file whose item (or only item) the window opens with.
+    std::string csl;
+    std::string item;
   };
 
   // The exit status, as the other commands give it.

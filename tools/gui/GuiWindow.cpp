@@ -20,9 +20,9 @@
 #include "gui/HostPanel.h"
 #include "gui/LogSink.h"
 #include "gui/LogView.h"
-#include "gui/ReferenceFile.h"
 #include "host/DemoParts.h"
 #include "host/FieldValues.h"
+#include "host/ReferenceFile.h"
 #include "host/TextDataObject.h"
 #include "host/ToolCallback.h"
 #include "host/ToolHost.h"
@@ -358,10 +358,10 @@ void GuiWindow::loadExample() {
   retitle();
 }
 
-bool GuiWindow::openFile(const std::filesystem::path& path) {
+bool GuiWindow::openFile(const std::filesystem::path& path, const std::string& item) {
   std::optional<Record> record;
   try {
-    record = ReferenceFile::read(mHost.main(), path);
+    record = ReferenceFile::read(mHost.main(), path, item);
   } catch (const BadInput& error) {
     refuse(error.what());
     return false;

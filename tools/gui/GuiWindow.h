@@ -54,8 +54,8 @@ class GuiWindow : public QMainWindow {
   // The reference work behind the panel's buttons and the File menu, whose
   // dialogs only ask for the path. A file that cannot be read or written
   // changes nothing: the log and the status bar say why, and the answer is
-  // false.
-  bool openFile(const std::filesystem::path& path);
+  // false. A CSL-JSON file gives its item `item`, or its only item.
+  bool openFile(const std::filesystem::path& path, const std::string& item = "");
   bool saveFile(const std::filesystem::path& path);
   void newReference();
   void loadExample();
