@@ -103,7 +103,7 @@ int play(const std::string& path, const std::string& pictures, const std::string
     // The reference the scenario works on, loaded as a host loads one.
     Record reference = ReferenceFile::read(host.main(), csl, item);
     sink.emit({{"host", "SynchronizeFieldsWithModel"},
-               {"args", {reference.whichType(), host::Csl::idOf(host::Csl::write(reference))}}});
+               {"args", {reference.whichType(), host::Csl::idOf(reference.extras())}}});
     host.host().show(reference.whichType());
     host.host().load(reference, host::Csl::optionOf(reference));
   }
