@@ -22,18 +22,6 @@ Variant array(std::vector<Variant> items) {
       std::shared_ptr<kelmora::Object>(std::make_shared<kelmora::VariantArray>(std::move(items))));
 }
 
-const char* sourceName(WidgetExplanation::Source source) {
-  switch (source) {
-    case WidgetExplanation::Source::Rule:
-      return "rule";
-    case WidgetExplanation::Source::RuleThenFrame:
-      return "rule, then frame";
-    case WidgetExplanation::Source::Frame:
-      break;
-  }
-  return "frame";
-}
-
 // One row in the order kelmora.h gives.
 Variant row(const WidgetExplanation& e) {
   return array({e.name,
@@ -43,7 +31,7 @@ Variant row(const WidgetExplanation& e) {
                 e.caption,
                 e.shown,
                 e.enabled,
-                sourceName(e.source),
+                WidgetExplanation::sourceName(e.source),
                 e.enableKey,
                 e.dependentWidgets,
                 e.toggleByHiding,

@@ -18,6 +18,13 @@ struct WidgetExplanation {
     RuleThenFrame,
   };
 
+  // "frame", "rule" or "rule, then frame": the source as hosts read it.
+  static constexpr const char* sourceName(Source source) {
+    return source == Source::Rule            ? "rule"
+           : source == Source::RuleThenFrame ? "rule, then frame"
+                                             : "frame";
+  }
+
   std::string name;       // "TextBox(9)", "AccessDateLabel"
   std::string className;  // "TextBox"
   std::string key;        // the field key of its tag; empty for none

@@ -26,22 +26,11 @@ namespace kelmora::tools {
 
 namespace {
 
-const char* sourceName(WidgetExplanation::Source source) {
-  switch (source) {
-    case WidgetExplanation::Source::Rule:
-      return "rule";
-    case WidgetExplanation::Source::RuleThenFrame:
-      return "rule, then frame";
-    case WidgetExplanation::Source::Frame:
-      break;
-  }
-  return "frame";
-}
-
 Json toJson(const WidgetExplanation& e) {
-  Json row = {{"widget", e.name},        {"class", e.className},          {"key", e.key},
-              {"index", e.overallIndex}, {"caption", e.caption},          {"shown", e.shown},
-              {"enabled", e.enabled},    {"source", sourceName(e.source)}};
+  Json row = {{"widget", e.name},     {"class", e.className},
+              {"key", e.key},         {"index", e.overallIndex},
+              {"caption", e.caption}, {"shown", e.shown},
+              {"enabled", e.enabled}, {"source", WidgetExplanation::sourceName(e.source)}};
   if (e.source != WidgetExplanation::Source::Frame) {
     row["rule"] = {{"enableKey", e.enableKey},
                    {"dependentWidgets", e.dependentWidgets},
