@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cctype>
+#include <cmath>
 #include <cstdlib>
 #include <optional>
 
@@ -20,8 +21,14 @@ constexpr std::array<const char*, 4> kSeasons = {"Spring", "Summer", "Autumn", "
 std::optional<long> number(const Json& value) {
   if (value.is_number_integer())
     return value.get<long>();
-  if (value.is_number())
-    return static_cast<long>(value.get<double>());
+  if (value.is_number()) {
+    // A year beyond any calendar is no date part, and converting it would
+    // overflow.
+    const double part = value.get<double>();
+    if (std::isfinite(part) && std::abs(part) < 1e9)
+      return static_cast<long>(part);
+    return std::nullopt;
+  }
   if (value.is_string()) {
     const std::string text = value.get<std::string>();
     char* end = nullptr;

@@ -81,8 +81,8 @@ TEST(CslTest, DatesBecomeTheFormsTextAndComeBack) {
             "2012, April 9");
   EXPECT_EQ(CslDates::toText(Json::parse(R"({"literal":"n.d."})"), "t"), "n.d.");
   EXPECT_EQ(CslDates::toText(Json::parse(R"({"date-parts":[[2001,14]]})"), "t"), "2001, Summer");
-  for (const char* bad :
-       {R"({"date-parts":[["spring"]]})", R"({"date-parts":[]})", "[2020]", R"({"season":2})"})
+  for (const char* bad : {R"({"date-parts":[["spring"]]})", R"({"date-parts":[]})", "[2020]",
+                          R"({"season":2})", R"({"date-parts":[[2019],[20E19]]})"})
     EXPECT_THROW(CslDates::toText(Json::parse(bad), "t"), BadInput) << bad;
 }
 
