@@ -52,12 +52,24 @@ std::string reasonOf(const WidgetExplanation& e, bool carried, bool allHeld) {
   if (e.condition.ends_with("=__ALWAYS_DISABLE__"))
     return "the format never uses it";
   if (carried)
-    return "none of its alternatives held, and an earlier row of the same trigger had enabled";
+    return "none of its alternatives held, and an earlier row of the same trigger had enabled "
+           "them";
   if (e.condition.empty())
     return allHeld ? "all its conditions held" : "none of its alternatives held";
-  const std::string read = e.value.empty()
-                               ? conditionKey(e.condition) + " is empty"
-                               : conditionKey(e.condition) + " reads " + quoted(e.value);
+  std::string read = e.value.empty() ? conditionKey(e.condition) + " is empty"
+                                     : conditionKey(e.condition) + " reads " + quoted(e.value);
+  // The platform's search finds an empty text in any text, and a value
+  // inside a longer one: say so where that decided.
+  const auto comparator = e.condition.find_first_of("=<");
+  const auto residueAt = comparator == std::string::npos
+                             ? std::string::npos
+                             : e.condition.find_first_not_of("=<>", comparator);
+  const std::string residue =
+      residueAt == std::string::npos ? std::string() : e.condition.substr(residueAt);
+  if (e.value.empty() && !residue.empty())
+    read += " (an empty value counts as found in any text)";
+  else if (!e.value.empty() && residue != e.value && residue.find(e.value) != std::string::npos)
+    read += " (part of " + quoted(residue) + ")";
   return quoted(e.condition) + (e.conditionHeld ? " holds: " : " does not hold: ") + read;
 }
 
@@ -159,6 +171,8 @@ WidgetExplanation RuleExplainer::explain(const FrameProxy& proxy, int16_t overal
     explainRule(e, *decision, *toggler, proxy, widget);
     if (hider != nullptr && widget.Visible())
       e.because += "; but " + hidden;
+    else if (e.command == "recaption" && !widget.Visible())
+      e.because += "; the frame's own code (show all, the option, the layout) hides it";
     return e;
   }
   e.source = WidgetExplanation::Source::Frame;

@@ -46,7 +46,8 @@ std::string esourceType(const std::string& type, const Json& item) {
       return "Blog comment";
     return says("video") || says("vlog") ? "Video blog entry" : "Blog post";
   }
-  if (says("twitter") || says("tweet") || says("x.com/"))
+  // Twitter by name or by its address, not any site whose name ends in x.
+  if (says("twitter") || says("tweet") || says("//x.com/") || says(".x.com/"))
     return "Twitter post";
   if (says("facebook"))
     return says("comment") ? "Facebook comment" : "Facebook post";
@@ -68,12 +69,23 @@ bool looksLikeDoi(const std::string& text) {
          l.find("doi.org/10.") != std::string::npos;
 }
 
+// The year of a date text ("2022, March 3" gives "2022"); a text that
+// starts with no year stays whole.
+std::string yearOf(const std::string& date) {
+  size_t digits = 0;
+  while (digits < date.size() && std::isdigit(static_cast<unsigned char>(date[digits]))) ++digits;
+  return digits > 0 && (digits == date.size() || date[digits] == ',') ? date.substr(0, digits)
+                                                                      : date;
+}
+
 std::string fieldText(const CslMapping::Row& row, const Json& value, const std::string& where) {
   switch (row.conversion) {
     case CslMapping::Conversion::Names:
       return CslNames::toText(value, where);
     case CslMapping::Conversion::Date:
       return CslDates::toText(value, where);
+    case CslMapping::Conversion::Year:
+      return yearOf(CslDates::toText(value, where));
     case CslMapping::Conversion::Text:
     case CslMapping::Conversion::Doi:
       break;
@@ -90,6 +102,7 @@ Json valueOf(const CslMapping::Row& row, const std::string& text) {
     case CslMapping::Conversion::Names:
       return CslNames::fromText(text);
     case CslMapping::Conversion::Date:
+    case CslMapping::Conversion::Year:
       return CslDates::fromText(text);
     case CslMapping::Conversion::Text:
     case CslMapping::Conversion::Doi:
@@ -157,7 +170,8 @@ Record Csl::read(Main2& main, const Json& item) {
     }
     Json& extras = record.extras();
     for (const auto& [variable, value] : item.items()) {
-      if (used.count(variable) == 0)
+      // The exact values are the record's own note, never taken from input.
+      if (used.count(variable) == 0 && variable != kExact)
         extras[variable] = value;
     }
     if (!exact.empty())
@@ -186,7 +200,9 @@ namespace {
 // kind, else the first kind of the form and its option.
 std::string typeOf(const Record& record) {
   const int16_t option = Csl::optionOf(record);
-  const std::string original = record.extras().value("type", "");
+  const auto stored = record.extras().find("type");
+  const std::string original =
+      stored != record.extras().end() && stored->is_string() ? stored->get<std::string>() : "";
   const CslMapping::Kind* kind = CslMapping::kindOf(original);
   if (record.whichType() == kEsource) {
     const std::string derived = typeOfEsource(record.get("EsourceType"));
@@ -223,9 +239,13 @@ Json Csl::write(const Record& record) {
     if (text.empty() || (row.conversion == CslMapping::Conversion::Doi && !looksLikeDoi(text)))
       continue;
     const std::string variable(row.variable);
+    // The exact value while the field still shows the text it was read as;
+    // a reference file edited by hand may hold anything there.
     const auto kept = exact.find(variable);
-    item[variable] = kept != exact.end() && kept->value("text", "") == text ? (*kept)["value"]
-                                                                            : valueOf(row, text);
+    const bool exactStill = kept != exact.end() && kept->is_object() && kept->contains("value") &&
+                            kept->contains("text") && (*kept)["text"].is_string() &&
+                            (*kept)["text"].get<std::string>() == text;
+    item[variable] = exactStill ? (*kept)["value"] : valueOf(row, text);
     taken.insert(row.key);
   }
   for (const auto& [variable, value] : extras.items()) {

@@ -47,8 +47,9 @@ constexpr CslMapping::Row kRows[] = {
     // A journal's or magazine's pages are a range ("112-130"); the form's
     // page number field takes one page, so the range goes to the range.
     {"article-journal article-magazine",                   "page",            kPeriodical, "PeriodicalPageRange",    C::Text},
-    // A newspaper's range field is captioned "Section" on the form: the
-    // page goes to the page number, the section to that field.
+    // A newspaper's range field is captioned "Section" where the format
+    // numbers periodical pages: the page goes to the page number, the
+    // section to that field.
     {"article-newspaper",                                  "page",            kPeriodical, "PeriodicalPage",         C::Text},
     {"article-newspaper",                                  "section",         kPeriodical, "PeriodicalPageRange",    C::Text},
     // "Website / DOI": a DOI names the article for good, a URL may move; the
@@ -65,9 +66,10 @@ constexpr CslMapping::Row kRows[] = {
     {"chapter",                                            "container-title", kNonPeriodical, "Title",               C::Text},
     {"chapter",                                            "title",           kNonPeriodical, "Subwork",             C::Text},
     {"book chapter report thesis webpage",                 "author",          kNonPeriodical, "Author",              C::Names},
-    // A book's date is its year of publication; a web page's is the date it
-    // was published, which the website form has a field of its own for.
-    {"book chapter report thesis",                         "issued",          kNonPeriodical, "Year",                C::Date},
+    // A book's date is its year of publication, and the field says "Year";
+    // a web page's is the date it was published, which the website form has
+    // a field of its own for.
+    {"book chapter report thesis",                         "issued",          kNonPeriodical, "Year",                C::Year},
     {"webpage",                                            "issued",          kNonPeriodical, "v579_BookPublishDate", C::Date},
     {"book chapter report thesis webpage",                 "publisher",       kNonPeriodical, "Publisher",           C::Text},
     {"book chapter report thesis webpage",                 "publisher-place", kNonPeriodical, "Place",               C::Text},

@@ -13,6 +13,7 @@ struct CslMapping {
     Text,   // a text, or a number written as text
     Names,  // a CSL name list, see CslNames
     Date,   // a CSL date, see CslDates
+    Year,   // a CSL date of which the field takes the year
     Doi,    // a DOI; on the way out only a text that reads as one
   };
 

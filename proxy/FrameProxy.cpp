@@ -375,11 +375,12 @@ void FrameProxy::initializeFormatDependentWidgetToggler(
       // The frame could replace either object; take back what it leaves.
       auto toggler = mDependentWidgetToggler;
       auto keys = mKeyToOverallIndex;
-      frameOperations().initializeFormatDependentWidgetToggler(formatterSettings, toggler, keys);
+      ReferenceFrame& frame = frameOperations();
+      frame.initializeFormatDependentWidgetToggler(formatterSettings, toggler, keys);
       mDependentWidgetToggler = std::move(toggler);
       mKeyToOverallIndex = std::move(keys);
       if (mDependentWidgetToggler)
-        mDependentWidgetToggler->explanations().registeredFor(frameOperations().formatFamily());
+        mDependentWidgetToggler->explanations().registeredFor(frame.formatFamily());
     });
   });
 }

@@ -31,13 +31,17 @@ std::string keyInWords(const std::string& tag) {
   if (key.size() > 1 && key[0] == 'v' && std::isdigit(static_cast<unsigned char>(key[1])))
     key.erase(0, key.find('_') == std::string::npos ? 0 : key.find('_') + 1);
   std::string words;
+  char previous = '\0';
   for (char c : key) {
-    if (std::isupper(static_cast<unsigned char>(c)) && !words.empty()) {
+    // A new word at a capital after a small letter: "EsourceURL" is
+    // "Esource url", not one word a letter.
+    const bool upper = std::isupper(static_cast<unsigned char>(c)) != 0;
+    if (upper && !words.empty() && std::isupper(static_cast<unsigned char>(previous)) == 0)
       words += ' ';
-      words += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    } else {
-      words += c;
-    }
+    words += upper && !words.empty()
+                 ? static_cast<char>(std::tolower(static_cast<unsigned char>(c)))
+                 : c;
+    previous = c;
   }
   return words;
 }

@@ -378,7 +378,7 @@ void DepWidgetToggler::Execute(const Controls& controls, int16_t Index) {
         const Command& command = setA.at(i);
         if (!command.item->text.empty()) {
           toggleEnable(controls, *command.item, command.enableCommand);
-          recordApplied(controls, *command.item);
+          recordApplied(controls, *command.item, command.enableCommand);
         }
       });
     }
@@ -574,15 +574,36 @@ void DepWidgetToggler::recordDecision(int16_t trigger, const Instruction& instru
   }
 }
 
-void DepWidgetToggler::recordApplied(const Controls& controls, const Item& item) noexcept {
+void DepWidgetToggler::recordApplied(const Controls& controls, const Item& item,
+                                     int32_t enableCommand) noexcept {
   RuleDecision* slot = item.indexError == 0 ? mExplanations.slot(item.index) : nullptr;
   if (slot == nullptr || static_cast<size_t>(item.index) >= controls.size() ||
       !controls[static_cast<size_t>(item.index)])
     return;
   const Widget& widget = *controls[static_cast<size_t>(item.index)];
-  slot->applied = true;
   slot->visibleAfter = widget.Visible();
   slot->enabledAfter = widget.Enabled();
+  // Whether the command took: the failure path may have gone on past a
+  // statement of it that failed.
+  if (!item.isCaption) {
+    slot->applied = enableCommand == kEnable    ? slot->visibleAfter && slot->enabledAfter
+                    : enableCommand == kDisable ? !slot->enabledAfter
+                                                : !slot->visibleAfter;
+    return;
+  }
+  if (enableCommand == kEnable && item.whenEnabled == kKeepExisting) {
+    // The caption given back is the one the label had; no text to hold it to.
+    slot->applied = item.captionError == 0;
+    return;
+  }
+  try {
+    slot->applied =
+        item.captionError == 0 &&
+        widget.caption() == (enableCommand == kEnable ? item.whenEnabled : item.whenDisabled);
+  } catch (const RuntimeError&) {
+    // A widget without a caption took none.
+    slot->applied = false;
+  }
 }
 
 // ---------------------------------------------------------------------------

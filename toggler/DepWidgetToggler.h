@@ -160,7 +160,7 @@ class DepWidgetToggler : public Object, public Dumpable {
   // widget looks like once it ran. Never fails.
   void recordDecision(int16_t trigger, const Instruction& instruction, const Item& item,
                       int32_t enableCommand, bool carried, const Verdict& verdict) noexcept;
-  void recordApplied(const Controls& controls, const Item& item) noexcept;
+  void recordApplied(const Controls& controls, const Item& item, int32_t enableCommand) noexcept;
   static Condition parseCondition(const std::string& text);
   static Item parseItem(const std::string& text);
   static Widget& widgetAt(const Controls& controls, int16_t index, int32_t indexError);

@@ -176,6 +176,34 @@ TEST(CslTest, EachKindGoesToItsFormAndOption) {
   });
 }
 
+// What the form makes of an item's oddities, and what comes back out: a
+// book's full date shows its year, a site whose name ends in x is no
+// Twitter, and the exact values are the record's own note, not input's.
+TEST(CslTest, OdditiesOfRealItemsKeepTheirValuesAndTheirKinds) {
+  onFreshThread([] {
+    Host host;
+    const Json book =
+        Json::parse(R"({"id":"b","type":"book","title":"T","issued":{"date-parts":[[2022,3,3]]}})");
+    const Record read = Csl::read(host.main(), book);
+    EXPECT_EQ(read.get("Year"), "2022");
+    EXPECT_EQ(unordered(Csl::write(read)), unordered(book));
+
+    const Json post = Json::parse(
+        R"({"id":"p","type":"post","title":"On kernels","URL":"https://www.linux.com/t/1"})");
+    EXPECT_EQ(Csl::read(host.main(), post).get("EsourceType"), "Forum post");
+
+    for (const char* forged : {R"({"title":{"text":"T"}})", R"({"title":5})", "7"}) {
+      Json item = Json::parse(R"({"id":"f","type":"book","title":"T"})");
+      item["kelmora:exact"] = Json::parse(forged);
+      Record record = Csl::read(host.main(), item);
+      EXPECT_FALSE(record.extras().contains("kelmora:exact")) << forged;
+      record.extras()["kelmora:exact"] = Json::parse(forged);
+      EXPECT_EQ(Csl::write(record)["title"], "T") << forged;
+    }
+    host.end();
+  });
+}
+
 // A bad item is refused with one line naming the item and the variable;
 // nothing else escapes, whatever JSON comes in.
 TEST(CslTest, ABadItemIsRefusedNamingTheItemAndTheVariable) {
