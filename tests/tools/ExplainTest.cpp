@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "tools/KelmoraRun.h"
+#include "tools/ScratchDir.h"
 
 namespace kelmora::tools {
 namespace {
@@ -40,6 +41,75 @@ TEST(ExplainTest, TheHiddenAccessDateOfAWebsiteInFamilyOneIsExplainedByItsRow) {
     EXPECT_EQ(widget["key"], "AccessDate");
   }
   EXPECT_TRUE(found);
+}
+
+// The reason in words, for each kind of condition the frames write: always
+// and never, one that holds or not with the value it read, the first
+// failing condition of "&&", the alternative of "||" that held, a caption
+// given or given back, and the platform's search finding an empty value in
+// any text.
+TEST(ExplainTest, EachKindOfConditionIsToldInWords) {
+  struct Row {
+    std::vector<std::string> form;
+    const char* values;  // field values to load, or nothing
+    const char* widget;
+    const char* because;  // how the reason ends
+  };
+  const Row rows[] = {
+      {{"nonperiodical", "1", "1"},
+       nullptr,
+       "TextBox(10)",
+       "shows and enables it: the format always uses it"},
+      {{"nonperiodical", "1", "1"}, nullptr, "TextBox(11)", "hides it: the format never uses it"},
+      {{"nonperiodical", "1", "1"},
+       nullptr,
+       "TextBox(12)",
+       "hides it: \"Online<>\" does not hold: Online is empty"},
+      {{"nonperiodical", "1", "1"},
+       R"({"Online": "https://tides.example.org"})",
+       "TextBox(12)",
+       "shows and enables it: all its conditions held"},
+      {{"nonperiodical", "3", "0"},
+       nullptr,
+       "TextBox(5)",
+       "shows and enables it: \"SubworkComboLabel<>Entry\" holds: SubworkComboLabel reads "
+       "\"Chapter title\""},
+      {{"nonperiodical", "3", "0"},
+       R"({"SubworkComboLabel": "Entry"})",
+       "TextBox(5)",
+       "disables it: none of its alternatives held"},
+      {{"nonperiodical", "3", "0"},
+       R"({"SubworkComboLabel": ""})",
+       "TextBox(5)",
+       "disables it: none of its alternatives held"},
+      {{"periodical", "1", "1"},
+       nullptr,
+       "ComboLabel(2)",
+       "gives it the caption \"Serialized\": \"PeriodicalJournalOption=True\" does not hold: "
+       "PeriodicalJournalOption reads \"False\"; the frame's own code (show all, the option, "
+       "the layout) hides it"},
+      {{"periodical", "2", "0"},
+       nullptr,
+       "TextBox(9)",
+       "hides it: \"PeriodicalOnline<>\" does not hold: PeriodicalOnline is empty"},
+  };
+  for (const Row& row : rows) {
+    testing::ScratchDir dir;
+    std::vector<std::string> arguments = {"explain",   "--type",   row.form[0], "--family",
+                                          row.form[1], "--option", row.form[2], "--json"};
+    if (row.values != nullptr) {
+      arguments.push_back("--values");
+      arguments.push_back(dir.write("values.json", row.values));
+    }
+    const KelmoraRun run = KelmoraRun::of(arguments);
+    ASSERT_EQ(run.status, 0) << run.err;
+    std::string because;
+    for (const Json& widget : run.events())
+      if (widget["widget"] == row.widget)
+        because = widget["because"].get<std::string>();
+    EXPECT_TRUE(because.ends_with(row.because))
+        << row.widget << " in " << row.form[0] << " " << row.form[1] << ": " << because;
+  }
 }
 
 TEST(ExplainTest, BadFormsAreRefusedInOneLine) {
